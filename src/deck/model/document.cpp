@@ -1,0 +1,279 @@
+#include "deck/model/document.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string_view>
+
+#include "base/error.h"
+#include "deck/model/new_presentation.h"
+#include "deck/model/xml_order.h"
+
+namespace vellumark::deck {
+namespace {
+
+constexpr std::string_view mainTypes[] = {
+    "application/vnd.openxmlformats-officedocument.presentationml.presentation.main+xml",
+    "application/vnd.openxmlformats-officedocument.presentationml.slideshow.main+xml",
+    "application/vnd.openxmlformats-officedocument.presentationml.template.main+xml",
+    "application/vnd.ms-powerpoint.presentation.macroEnabled.main+xml",
+    "application/vnd.ms-powerpoint.slideshow.macroEnabled.main+xml",
+    "application/vnd.ms-powerpoint.template.macroEnabled.main+xml",
+};
+
+constexpr std::int32_t lowestSlideId = 256;
+constexpr std::int32_t slideIdLimit = 2147483647;
+
+std::string_view value(pugi::xml_node node, const char* attribute) {
+  return node.attribute(attribute).value();
+}
+
+/// Takes every hyperlink with that relationship id out of a subtree.
+void dropLinks(Part& part, pugi::xml_node node, std::string_view relationshipId) {
+  for (const char* name : {"a:hlinkClick", "a:hlinkHover", "a:hlinkMouseOver"}) {
+    const std::string query = "descendant::" + std::string(name);
+    for (const auto& found : node.select_nodes(query.c_str())) {
+      if (value(found.node(), "r:id") == relationshipId) part.bury(found.node());
+    }
+  }
+}
+
+/// Takes a slide out of the sections and of whatever else lists slides by id in the extension list.
+void dropFromExtensions(Part& part, pugi::xml_node presentation, std::int32_t id) {
+  const pugi::xpath_node_set entries =
+      presentation.child("p:extLst").select_nodes(".//*[local-name()='sldId']");
+  for (const auto& entry : entries) {
+    if (entry.node().attribute("id").as_int() == id) part.bury(entry.node());
+  }
+}
+
+}  // namespace
+
+DocumentRef Document::open(const std::string& path, bool readOnly, bool untitled) {
+  const DocumentRef document(new Document);
+  document->package_ = Package::open(path);
+  document->presentation_ = document->package_->requiredRoot("officeDocument");
+  const PartRef& main = document->presentation_;
+  if (std::ranges::find(mainTypes, std::string_view(main->contentType())) == std::end(mainTypes)) {
+    throw FormatError(path,
+                      "is an Office file but no presentation (its main part is " + main->contentType() + ")");
+  }
+  if (std::string_view(main->root().name()) != "p:presentation") {
+    throw FormatError(main->name(),
+                      "is no presentation: its root element is " + std::string(main->root().name()));
+  }
+  document->path_ = std::filesystem::absolute(path).lexically_normal().string();
+  document->readOnly_ = readOnly;
+  if (untitled) {
+    document->newName_ = std::filesystem::path(path).stem().string();
+    document->path_.clear();
+  }
+  return document;
+}
+
+DocumentRef Document::create(int number) {
+  const DocumentRef document(new Document);
+  document->package_ = newPresentation();
+  document->presentation_ = document->package_->requiredRoot("officeDocument");
+  document->newName_ = "Presentation" + std::to_string(number);
+  return document;
+}
+
+std::string Document::name() const {
+  return path_.empty() ? newName_ : std::filesystem::path(path_).filename().string();
+}
+
+std::string Document::folder() const {
+  return path_.empty() ? std::string() : std::filesystem::path(path_).parent_path().string();
+}
+
+void Document::close() { closed_ = true; }
+
+void Document::touch(Part& part) {
+  part.touch();
+  saved_ = false;
+}
+
+void Document::save() {
+  if (path_.empty()) {
+    throw FormatError(name(), "was never saved and has no file yet: save it under a path first");
+  }
+  if (readOnly_) throw FormatError(path_, "was opened read-only: save it under another path");
+  package_->save(path_);
+  saved_ = true;
+}
+
+void Document::saveAs(const std::string& path) {
+  package_->save(path);
+  path_ = std::filesystem::absolute(path).lexically_normal().string();
+  readOnly_ = false;
+  saved_ = true;
+}
+
+void Document::saveCopyAs(const std::string& path) { package_->save(path, false); }
+
+std::vector<SlideEntry> Document::slides() const {
+  std::vector<SlideEntry> entries;
+  for (pugi::xml_node node : presentation().child("p:sldIdLst").children("p:sldId")) {
+    entries.push_back({node.attribute("id").as_int(), node.attribute("r:id").value(), node});
+  }
+  return entries;
+}
+
+std::size_t Document::slideCount() const {
+  const auto entries = presentation().child("p:sldIdLst").children("p:sldId");
+  return static_cast<std::size_t>(std::distance(entries.begin(), entries.end()));
+}
+
+Sheet Document::slide(std::int32_t id) {
+  for (pugi::xml_node node : presentation().child("p:sldIdLst").children("p:sldId")) {
+    if (node.attribute("id").as_int() != id) continue;
+    const Relationship* relationship = presentation_->relationship(value(node, "r:id"));
+    PartRef part = relationship ? presentation_->target(*relationship) : nullptr;
+    if (!part) {
+      throw FormatError(presentation_->name(),
+                        "the slide with id " + std::to_string(id) + " names relationship '" +
+                            std::string(value(node, "r:id")) + "', which leads to no part");
+    }
+    return sheet(std::move(part));
+  }
+  base::raise(base::errors::invalidRequest,
+              "Slides.FindBySlideID: Invalid request. No slide has the id " + std::to_string(id) + ".");
+}
+
+std::int32_t Document::slideId(const Sheet& sheet) {
+  if (!sheet || sheet.part->removed()) return 0;
+  for (pugi::xml_node node : presentation().child("p:sldIdLst").children("p:sldId")) {
+    const Relationship* relationship = presentation_->relationship(value(node, "r:id"));
+    if (relationship && presentation_->target(*relationship) == sheet.part)
+      return node.attribute("id").as_int();
+  }
+  return 0;
+}
+
+int Document::slidePosition(std::int32_t id) const {
+  int position = 0;
+  for (pugi::xml_node node : presentation().child("p:sldIdLst").children("p:sldId")) {
+    if (node.attribute("id").as_int() == id) return position;
+    ++position;
+  }
+  return -1;
+}
+
+void Document::deleteSlide(std::int32_t id) {
+  const Sheet gone = slide(id);
+  nextSlideId();  // so that the id counts as used even if it was the highest
+  for (const SlideEntry& entry : slides()) {
+    if (entry.id == id) {
+      for (const auto& listed : presentation().select_nodes("p:custShowLst/p:custShow/p:sldLst/p:sld")) {
+        if (value(listed.node(), "r:id") == entry.relationshipId) presentation_->bury(listed.node());
+      }
+      presentation_->bury(entry.node);
+      presentation_->unrelate(entry.relationshipId);
+      break;
+    }
+  }
+  dropFromExtensions(*presentation_, presentation(), id);
+  // Hyperlinks of other slides to this one lose their target, so they go too.
+  for (const SlideEntry& entry : slides()) {
+    const Sheet other = slide(entry.id);
+    std::vector<std::string> links;
+    for (const Relationship& relationship : other.part->relationships()) {
+      if (relationship.is("slide") && other.part->target(relationship) == gone.part)
+        links.push_back(relationship.id);
+    }
+    for (const std::string& link : links) {
+      dropLinks(*other.part, other.part->root(), link);
+      other.part->unrelate(link);
+      other.touch();
+    }
+  }
+  package_->remove(gone.part);
+  touch(*presentation_);
+}
+
+std::int32_t Document::nextSlideId() {
+  if (highestSlideId_ == 0) {
+    highestSlideId_ = lowestSlideId - 1;
+    for (const SlideEntry& entry : slides()) highestSlideId_ = std::max(highestSlideId_, entry.id);
+  }
+  if (highestSlideId_ < slideIdLimit) return highestSlideId_ + 1;
+  // The highest number is taken: the lowest free one serves.
+  for (std::int32_t id = lowestSlideId;; ++id) {
+    if (slidePosition(id) < 0) return id;
+  }
+}
+
+std::int32_t Document::insertSlide(std::size_t position, const Sheet& layout) {
+  const std::int32_t id = nextSlideId();
+  const PartRef part = package_->addXml(package_->freeName("ppt/slides/slide%d.xml"), slideContentType,
+                                        newSlideXml(layout.part->root()));
+  part->relate(*layout.part, "slideLayout");
+  const std::string relationshipId = presentation_->relate(*part, "slide");
+
+  pugi::xml_node list = childInOrder(
+      presentation(), "p:sldIdLst",
+      {"p:sldSz", "p:notesSz", "p:smartTags", "p:embeddedFontLst", "p:custShowLst", "p:photoAlbum",
+       "p:custDataLst", "p:kinsoku", "p:defaultTextStyle", "p:modifyVerifier", "p:extLst"});
+  const std::vector<SlideEntry> entries = slides();
+  pugi::xml_node node = position < entries.size()
+                            ? list.insert_child_before("p:sldId", entries[position].node)
+                            : list.append_child("p:sldId");
+  node.append_attribute("id").set_value(id);
+  node.append_attribute("r:id").set_value(relationshipId.c_str());
+  addToSection(id, position < entries.size() ? entries[position].id : 0);
+  highestSlideId_ = std::max(highestSlideId_, id);
+  touch(*presentation_);
+  return id;
+}
+
+void Document::addToSection(std::int32_t id, std::int32_t before) {
+  const pugi::xpath_node_set lists =
+      presentation()
+          .child("p:extLst")
+          .select_nodes(".//*[local-name()='section']/*[local-name()='sldIdLst']");
+  if (lists.empty()) return;
+  pugi::xml_node target = lists[lists.size() - 1].node();
+  pugi::xml_node follower;
+  for (const auto& list : lists) {
+    for (pugi::xml_node entry : list.node().children()) {
+      if (before != 0 && entry.attribute("id").as_int() == before) {
+        target = list.node();
+        follower = entry;
+      }
+    }
+  }
+  // The section list's own prefix ("p14" as a rule) serves for the entry too.
+  const std::string listName = target.name();
+  const std::string name = listName.substr(0, listName.find(':') + 1) + "sldId";
+  pugi::xml_node entry =
+      follower ? target.insert_child_before(name.c_str(), follower) : target.append_child(name.c_str());
+  entry.append_attribute("id").set_value(id);
+}
+
+std::vector<Sheet> Document::masters() {
+  std::vector<Sheet> found;
+  for (pugi::xml_node node : presentation().child("p:sldMasterIdLst").children("p:sldMasterId")) {
+    const Relationship* relationship = presentation_->relationship(value(node, "r:id"));
+    if (PartRef part = relationship ? presentation_->target(*relationship) : nullptr) {
+      found.push_back(sheet(std::move(part)));
+    }
+  }
+  return found;
+}
+
+std::vector<Sheet> Document::layouts() {
+  std::vector<Sheet> found;
+  const std::vector<Sheet> all = masters();
+  if (all.empty()) return found;
+  Part& master = *all.front().part;
+  for (pugi::xml_node node : master.root().child("p:sldLayoutIdLst").children("p:sldLayoutId")) {
+    const Relationship* relationship = master.relationship(value(node, "r:id"));
+    if (PartRef part = relationship ? master.target(*relationship) : nullptr)
+      found.push_back(sheet(std::move(part)));
+  }
+  return found;
+}
+
+int Document::firstSlideNumber() const { return presentation().attribute("firstSlideNum").as_int(1); }
+
+}  // namespace vellumark::deck

@@ -1,0 +1,112 @@
+#pragma once
+// One open presentation: its package, where it came from, its slides in order, and the sheets that carry
+// shapes.
+
+#include <cstdint>
+#include <memory>
+#include <pugixml.hpp>
+#include <string>
+#include <vector>
+
+#include "deck/package/package.h"
+
+namespace vellumark::deck {
+
+class Document;
+using DocumentRef = std::shared_ptr<Document>;
+
+/// A part that carries shapes: slide, layout, master, notes page.
+struct Sheet {
+  DocumentRef document;
+  PartRef part;
+
+  explicit operator bool() const { return part != nullptr; }
+  friend bool operator==(const Sheet& a, const Sheet& b) { return a.part == b.part; }
+
+  /// p:spTree of the part; FormatError where it has none.
+  pugi::xml_node shapeTree() const;
+  /// The sheet that this one inherits from: the layout of a slide, the master of a layout, the notes master
+  /// of a notes page; nothing for a master.
+  Sheet parent() const;
+  /// Marks part and presentation as changed.
+  void touch() const;
+};
+
+/// One shape: its sheet and its element (p:sp, p:pic, p:graphicFrame, p:cxnSp, p:grpSp, p:contentPart).
+struct ShapeKey {
+  Sheet sheet;
+  pugi::xml_node node;
+
+  friend bool operator==(const ShapeKey& a, const ShapeKey& b) { return a.node == b.node; }
+  /// Whether the shape was deleted, or its slide or presentation is gone.
+  bool deleted() const;
+};
+
+/// A slide in the presentation's order.
+struct SlideEntry {
+  std::int32_t id;             ///< p:sldId/@id
+  std::string relationshipId;  ///< p:sldId/@r:id
+  pugi::xml_node node;         ///< the p:sldId
+};
+
+class Document : public std::enable_shared_from_this<Document> {
+ public:
+  /// Opens a file. Reads presentation.xml and relationships only. FormatError where it is broken.
+  static DocumentRef open(const std::string& path, bool readOnly, bool untitled);
+  /// A new presentation with one master and the usual layouts, named "Presentation1" and so on.
+  static DocumentRef create(int number);
+
+  Package& package() { return *package_; }
+  const PartRef& presentationPart() const { return presentation_; }
+  const std::string& path() const { return path_; }  ///< whole path; empty where it was never saved
+  std::string name() const;
+  std::string folder() const;
+  bool readOnly() const { return readOnly_; }
+  bool saved() const { return saved_; }
+  void saved(bool saved) { saved_ = saved; }
+  bool closed() const { return closed_; }
+  void close();
+  void touch(Part& part);
+
+  void save();
+  void saveAs(const std::string& path);
+  void saveCopyAs(const std::string& path);
+
+  // Slides.
+  std::vector<SlideEntry> slides() const;
+  std::size_t slideCount() const;
+  /// The sheet of a slide; parses nothing. An error where the id is unknown.
+  Sheet slide(std::int32_t id);
+  /// The id of a slide's sheet, 0 where it is no slide (a layout, a deleted slide).
+  std::int32_t slideId(const Sheet& sheet);
+  /// The position of a slide from 0, -1 where there is none.
+  int slidePosition(std::int32_t id) const;
+  void deleteSlide(std::int32_t id);
+  /// Inserts an empty slide on a layout before `position` (from 0), with the layout's placeholders; its id.
+  std::int32_t insertSlide(std::size_t position, const Sheet& layout);
+  /// The first master's layouts, in order.
+  std::vector<Sheet> layouts();
+  std::vector<Sheet> masters();
+
+  Sheet sheet(PartRef part) { return {shared_from_this(), std::move(part)}; }
+  /// Slide size and the like: the p:presentation element.
+  pugi::xml_node presentation() const { return presentation_->root(); }
+  int firstSlideNumber() const;
+
+ private:
+  Document() = default;
+  std::int32_t nextSlideId();
+  /// Lists a new slide in the section of the slide that it comes before, in the last one where there is none.
+  void addToSection(std::int32_t id, std::int32_t before);
+
+  std::unique_ptr<Package> package_;
+  PartRef presentation_;
+  std::string path_;
+  std::string newName_;
+  bool readOnly_ = false;
+  bool saved_ = true;
+  bool closed_ = false;
+  std::int32_t highestSlideId_ = 0;  ///< ids are never used twice while the file is open
+};
+
+}  // namespace vellumark::deck

@@ -1,0 +1,84 @@
+#pragma once
+// One part of a package: XML parsed on first use, or bytes; its relationships; the graveyard of deleted nodes.
+
+#include <memory>
+#include <optional>
+#include <pugixml.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vellumark::deck {
+
+class Package;
+class Part;
+using PartRef = std::shared_ptr<Part>;
+
+/// One relationship of a part or of the package itself. The target is a part's name, or a URI where `external`.
+struct Relationship {
+  std::string id;
+  std::string type;  ///< the whole type URI as the file has it
+  std::string target;
+  bool external = false;
+
+  /// Whether the type ends in `name` ("slide", "tags", "notesSlide"): transitional and strict types alike.
+  bool is(std::string_view name) const;
+};
+
+class Part {
+ public:
+  /// Name without a leading slash: "ppt/slides/slide1.xml".
+  const std::string& name() const { return name_; }
+  const std::string& contentType() const { return contentType_; }
+  Package& package() const { return package_; }
+
+  /// The root element. Parses the part on first use and brings the prefixes of the known namespaces to the usual ones
+  /// (p, a, r, mc), so that "p:sld" is "p:sld" whatever the file called it. FormatError where it is broken.
+  pugi::xml_node root();
+  /// The bytes of a part that is not parsed (a picture), or the serialised XML.
+  std::string bytes();
+
+  /// Says that the XML was changed; only touched parts are written anew.
+  void touch() { changed_ = true; }
+  bool changed() const { return changed_; }
+  bool parsed() const { return document_ != nullptr; }
+  /// Whether the part was taken out of its package; its nodes then count as deleted.
+  bool removed() const { return removed_; }
+
+  /// Takes a node out of the document without freeing it: objects that still hold it find it buried. Touches the part.
+  void bury(pugi::xml_node node);
+  /// Whether a node lies in the graveyard, or the part was removed.
+  bool isBuried(pugi::xml_node node) const;
+
+  const std::vector<Relationship>& relationships();
+  /// The relationship with that id, or nothing.
+  const Relationship* relationship(std::string_view id);
+  /// The first relationship whose type ends in `name`, or nothing.
+  const Relationship* firstRelationship(std::string_view name);
+  /// The part that a relationship leads to; nothing where it is external or leads nowhere.
+  PartRef target(const Relationship& relationship);
+  /// Relates to a part (reusing a relationship of that type that is there already) and returns the relationship's id.
+  /// `type` is the last component of a type of the officeDocument relationships, or a whole URI.
+  std::string relate(const Part& target, std::string_view type);
+  std::string relateExternal(std::string_view uri, std::string_view type);
+  /// Takes a relationship away; the target stays.
+  void unrelate(std::string_view id);
+
+ private:
+  friend class Package;
+  Part(Package& package, std::string name, std::string contentType);
+  // Implementation state follows in the package layer's own terms.
+  struct State;
+  Package& package_;
+  std::string name_;
+  std::string contentType_;
+  bool changed_ = false;
+  bool removed_ = false;
+  std::unique_ptr<pugi::xml_document> document_;
+  std::unique_ptr<State> state_;
+
+ public:
+  ~Part();
+};
+
+}  // namespace vellumark::deck

@@ -1,0 +1,112 @@
+#pragma once
+// Presentations, their slides and page setup.
+
+#include <string>
+
+#include "host/constants.h"
+#include "host/handle.h"
+#include "host/shape.h"
+#include "host/tags.h"
+
+namespace vellumark::host {
+
+class Slide : public Handle {
+ public:
+  using Handle::Handle;
+  host::Shapes Shapes() const { return get<host::Shapes>(member::Shapes); }
+  int SlideID() const { return get<int>(member::SlideID); }          ///< stable for the life of the slide
+  int SlideIndex() const { return get<int>(member::SlideIndex); }    ///< position in the presentation, from 1
+  int SlideNumber() const { return get<int>(member::SlideNumber); }  ///< the number printed on it
+  std::string Name() const { return get<std::string>(member::Name); }
+  void Name(const std::string& name) const { put(member::Name, name); }
+  int Layout() const { return get<int>(member::Layout); }  ///< PpSlideLayout
+  host::Tags Tags() const { return get<host::Tags>(member::Tags); }
+  void Delete() const { call(member::Delete); }
+  void Select() const { call(member::Select); }
+};
+
+/// Slides of a selection or a range. Members read the common value; writes go to all.
+class SlideRange : public Handle {
+ public:
+  using Handle::Handle;
+  int Count() const { return get<int>(member::Count); }
+  Slide Item(int index) const { return get<Slide>(member::Item, index); }
+  host::Shapes Shapes() const { return get<host::Shapes>(member::Shapes); }  ///< of a range of one slide
+  int SlideID() const { return get<int>(member::SlideID); }
+  int SlideIndex() const { return get<int>(member::SlideIndex); }
+  host::Tags Tags() const { return get<host::Tags>(member::Tags); }
+  void Delete() const { call(member::Delete); }
+  void Select() const { call(member::Select); }
+};
+
+class Slides : public Handle {
+ public:
+  using Handle::Handle;
+  int Count() const { return get<int>(member::Count); }
+  Slide Item(int index) const { return get<Slide>(member::Item, index); }
+  /// Raises where no slide has that id.
+  Slide FindBySlideID(int id) const { return call<Slide>(member::FindBySlideID, id); }
+  Slide Add(int index, PpSlideLayout layout) const { return call<Slide>(member::Add, index, layout); }
+  /// Inserts slides `first` to `last` of a file behind slide `index`; the number of slides inserted.
+  int InsertFromFile(const std::string& file, int index, int first, int last) const {
+    return call<int>(member::InsertFromFile, file, index, first, last);
+  }
+  SlideRange Range(int index) const { return call<SlideRange>(member::Range, index); }
+  /// All slides.
+  SlideRange Range() const { return call<SlideRange>(member::Range); }
+};
+
+class PageSetup : public Handle {
+ public:
+  using Handle::Handle;
+  float SlideWidth() const { return get<float>(member::SlideWidth); }    ///< points
+  float SlideHeight() const { return get<float>(member::SlideHeight); }  ///< points
+};
+
+/// The colours that the user mixed, last one first.
+class ExtraColors : public Handle {
+ public:
+  using Handle::Handle;
+  int Count() const { return get<int>(member::Count); }
+  int Item(int index) const { return get<int>(member::Item, index); }
+  void Add(int rgb) const { call(member::Add, rgb); }
+  void Clear() const { call(member::Clear); }
+};
+
+class Presentation : public Handle {
+ public:
+  using Handle::Handle;
+  host::Slides Slides() const { return get<host::Slides>(member::Slides); }
+  host::PageSetup PageSetup() const { return get<host::PageSetup>(member::PageSetup); }
+  host::Tags Tags() const { return get<host::Tags>(member::Tags); }
+  host::ExtraColors ExtraColors() const { return get<host::ExtraColors>(member::ExtraColors); }
+  std::string Name() const { return get<std::string>(member::Name); }  ///< file name with extension
+  std::string FullName() const {
+    return get<std::string>(member::FullName);
+  }  ///< path and name; the name if never saved
+  std::string Path() const { return get<std::string>(member::Path); }  ///< folder; empty if never saved
+  int ReadOnly() const { return get<int>(member::ReadOnly); }          ///< tri-state
+  int Saved() const { return get<int>(member::Saved); }                ///< tri-state
+  void Saved(bool saved) const { putTriState(member::Saved, saved); }
+  void Save() const { call(member::Save); }
+  void SaveAs(const std::string& path) const { call(member::SaveAs, path); }
+  void SaveCopyAs(const std::string& path) const { call(member::SaveCopyAs, path); }
+  void Close() const { call(member::Close); }
+};
+
+class Presentations : public Handle {
+ public:
+  using Handle::Handle;
+  int Count() const { return get<int>(member::Count); }
+  Presentation Item(int index) const { return get<Presentation>(member::Item, index); }
+  /// Without a window the presentation is invisible and never the active one.
+  Presentation Open(const std::string& path, bool readOnly, bool untitled, bool withWindow) const {
+    return call<Presentation>(member::Open, path, triState(readOnly), triState(untitled),
+                              triState(withWindow));
+  }
+  Presentation Add(bool withWindow = true) const {
+    return call<Presentation>(member::Add, triState(withWindow));
+  }
+};
+
+}  // namespace vellumark::host
