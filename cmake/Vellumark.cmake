@@ -14,7 +14,8 @@ if(CCACHE)
 endif()
 
 function(vellumark_options target)
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
+                         -Wno-restrict)  # g++ 12 finds false ones in "text" + std::string
   if(VELLUMARK_WERROR)
     target_compile_options(${target} PRIVATE -Werror)
   endif()

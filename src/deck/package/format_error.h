@@ -6,8 +6,8 @@
 
 namespace vellumark::deck {
 
-/// A package or part that can't be read, or a file that can't be written. `what()` is one whole line: the fault and
-/// the part or path it lies in ("ppt/slides/slide3.xml: the XML ends within a tag").
+/// A package or part that can't be read, or a file that can't be written. `what()` is one whole line: the
+/// fault and the part or path it lies in ("ppt/slides/slide3.xml: the XML ends within a tag").
 class FormatError : public std::runtime_error {
  public:
   FormatError(std::string where, const std::string& fault)

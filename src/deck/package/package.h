@@ -1,9 +1,9 @@
 #pragma once
-// An Open Packaging package: the zip's directory, content types and parts, opened lazily and saved atomically.
+// An Open Packaging package: the zip's directory, content types and parts, opened lazily and saved
+// atomically.
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -17,17 +17,18 @@ namespace vellumark::deck {
 /// What a package may at most cost. A file beyond a limit is refused with a FormatError that names it.
 struct Limits {
   std::size_t parts = 65'536;
-  std::uint64_t partBytes = 512ull << 20;     ///< one part, inflated
-  std::uint64_t xmlBytes = 128ull << 20;      ///< one XML part, inflated
-  std::uint64_t totalBytes = 4ull << 30;      ///< all parts, inflated
-  std::uint64_t inflationRatio = 1'000;       ///< inflated to deflated, for parts above 1 MiB
-  int xmlDepth = 256;                         ///< nesting of elements
-  std::size_t relationships = 65'536;         ///< of one part
+  std::uint64_t partBytes = 512ull << 20;  ///< one part, inflated
+  std::uint64_t xmlBytes = 128ull << 20;   ///< one XML part, inflated
+  std::uint64_t totalBytes = 4ull << 30;   ///< all parts, inflated
+  std::uint64_t inflationRatio = 1'000;    ///< inflated to deflated, for parts above 1 MiB
+  int xmlDepth = 256;                      ///< nesting of elements
+  std::size_t relationships = 65'536;      ///< of one part
 };
 
 class Package {
  public:
-  /// Opens a file for reading. Only the directory, the content types and the package's relationships are read.
+  /// Opens a file for reading. Only the directory, the content types and the package's relationships are
+  /// read.
   static std::unique_ptr<Package> open(const std::string& path, const Limits& limits = {});
   /// An empty package without parts.
   static std::unique_ptr<Package> create();
@@ -35,11 +36,13 @@ class Package {
 
   /// The part of that name (without a leading slash, any case as OPC has it), or nothing.
   PartRef part(std::string_view name);
-  /// The part that the package's relationship of that type leads to ("officeDocument"); FormatError where it is missing.
+  /// The part that the package's relationship of that type leads to ("officeDocument"); FormatError where it
+  /// is missing.
   PartRef requiredRoot(std::string_view type);
   std::vector<std::string> partNames() const;
 
-  /// Adds an XML part from its text, or a part of bytes. The content type goes into [Content_Types].xml as an override.
+  /// Adds an XML part from its text, or a part of bytes. The content type goes into [Content_Types].xml as an
+  /// override.
   PartRef addXml(const std::string& name, const std::string& contentType, std::string_view xml);
   PartRef addBytes(const std::string& name, const std::string& contentType, std::string bytes);
   /// A name that is free: pattern "ppt/slides/slide%d.xml" gives "ppt/slides/slide7.xml".
@@ -50,10 +53,11 @@ class Package {
 
   /// Whether anything differs from the file that was opened or last saved.
   bool changed() const;
-  /// Writes the package beside `path`, syncs and renames: at any moment `path` is the whole old or the whole new file.
-  /// Unchanged parts are copied as their compressed bytes. FormatError with the path where it can't be written; the
-  /// target and the package are then as before. With `adopt` the written file becomes the one behind this package and
-  /// nothing counts as changed any more (Save, SaveAs); without it the package stays as it was (SaveCopyAs).
+  /// Writes the package beside `path`, syncs and renames: at any moment `path` is the whole old or the whole
+  /// new file. Unchanged parts are copied as their compressed bytes. FormatError with the path where it can't
+  /// be written; the target and the package are then as before. With `adopt` the written file becomes the one
+  /// behind this package and nothing counts as changed any more (Save, SaveAs); without it the package stays
+  /// as it was (SaveCopyAs).
   void save(const std::string& path, bool adopt = true);
 
   // Relationships of the package itself.
@@ -64,6 +68,11 @@ class Package {
  private:
   friend class Part;
   Package();
+  std::unique_ptr<Relationships> readRelationships(const std::string& source) const;
+  std::unique_ptr<pugi::xml_document> parse(const Part& part) const;
+  std::string read(const Part& part) const;
+  PartRef add(const std::string& name, const std::string& contentType);
+
   struct State;
   std::unique_ptr<State> state_;
 };

@@ -1,5 +1,6 @@
 #pragma once
-// One part of a package: XML parsed on first use, or bytes; its relationships; the graveyard of deleted nodes.
+// One part of a package: XML parsed on first use, or bytes; its relationships; the graveyard of deleted
+// nodes.
 
 #include <memory>
 #include <optional>
@@ -8,22 +9,13 @@
 #include <string_view>
 #include <vector>
 
+#include "deck/package/relationships.h"
+
 namespace vellumark::deck {
 
 class Package;
 class Part;
 using PartRef = std::shared_ptr<Part>;
-
-/// One relationship of a part or of the package itself. The target is a part's name, or a URI where `external`.
-struct Relationship {
-  std::string id;
-  std::string type;  ///< the whole type URI as the file has it
-  std::string target;
-  bool external = false;
-
-  /// Whether the type ends in `name` ("slide", "tags", "notesSlide"): transitional and strict types alike.
-  bool is(std::string_view name) const;
-};
 
 class Part {
  public:
@@ -32,8 +24,9 @@ class Part {
   const std::string& contentType() const { return contentType_; }
   Package& package() const { return package_; }
 
-  /// The root element. Parses the part on first use and brings the prefixes of the known namespaces to the usual ones
-  /// (p, a, r, mc), so that "p:sld" is "p:sld" whatever the file called it. FormatError where it is broken.
+  /// The root element. Parses the part on first use and brings the prefixes of the known namespaces to the
+  /// usual ones (p, a, r, mc), so that "p:sld" is "p:sld" whatever the file called it. FormatError where it
+  /// is broken.
   pugi::xml_node root();
   /// The bytes of a part that is not parsed (a picture), or the serialised XML.
   std::string bytes();
@@ -45,7 +38,8 @@ class Part {
   /// Whether the part was taken out of its package; its nodes then count as deleted.
   bool removed() const { return removed_; }
 
-  /// Takes a node out of the document without freeing it: objects that still hold it find it buried. Touches the part.
+  /// Takes a node out of the document without freeing it: objects that still hold it find it buried. Touches
+  /// the part.
   void bury(pugi::xml_node node);
   /// Whether a node lies in the graveyard, or the part was removed.
   bool isBuried(pugi::xml_node node) const;
@@ -57,8 +51,9 @@ class Part {
   const Relationship* firstRelationship(std::string_view name);
   /// The part that a relationship leads to; nothing where it is external or leads nowhere.
   PartRef target(const Relationship& relationship);
-  /// Relates to a part (reusing a relationship of that type that is there already) and returns the relationship's id.
-  /// `type` is the last component of a type of the officeDocument relationships, or a whole URI.
+  /// Relates to a part (reusing a relationship of that type that is there already) and returns the
+  /// relationship's id. `type` is the last component of a type of the officeDocument relationships, or a
+  /// whole URI.
   std::string relate(const Part& target, std::string_view type);
   std::string relateExternal(std::string_view uri, std::string_view type);
   /// Takes a relationship away; the target stays.
@@ -67,18 +62,18 @@ class Part {
  private:
   friend class Package;
   Part(Package& package, std::string name, std::string contentType);
-  // Implementation state follows in the package layer's own terms.
-  struct State;
+  Relationships& ownRelationships();
+
   Package& package_;
   std::string name_;
   std::string contentType_;
+  std::optional<std::size_t> entry_;  ///< place in the archive; none for a part that was added
+  std::string added_;                 ///< bytes of an added part that is not XML
+  std::unique_ptr<pugi::xml_document> document_;
+  pugi::xml_node graveyard_;
+  std::unique_ptr<Relationships> relationships_;  ///< read on first use
   bool changed_ = false;
   bool removed_ = false;
-  std::unique_ptr<pugi::xml_document> document_;
-  std::unique_ptr<State> state_;
-
- public:
-  ~Part();
 };
 
 }  // namespace vellumark::deck

@@ -1,0 +1,96 @@
+#include "deck/package/relationships.h"
+
+#include <algorithm>
+
+#include "deck/package/format_error.h"
+#include "deck/package/part_name.h"
+#include "deck/package/xml_text.h"
+
+namespace vellumark::deck {
+namespace {
+
+constexpr std::string_view noRelationships =
+    R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
+    R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships"/>)";
+constexpr std::string_view officeTypes =
+    "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
+constexpr int depth = 8;
+
+bool isRelationship(pugi::xml_node node) {
+  const std::string_view name = node.name();
+  return name == "Relationship" || name.ends_with(":Relationship");
+}
+
+}  // namespace
+
+bool Relationship::is(std::string_view name) const {
+  return type.size() > name.size() && type.ends_with(name) && type[type.size() - name.size() - 1] == '/';
+}
+
+Relationships::Relationships(std::string source) : Relationships(std::move(source), noRelationships, 0) {}
+
+Relationships::Relationships(std::string source, std::string_view xml, std::size_t most)
+    : source_(std::move(source)), document_(parseXml(partName(source_), xml, depth)) {
+  for (pugi::xml_node node : document_->document_element().children()) {
+    if (!isRelationship(node)) continue;
+    if (all_.size() == most) {
+      throw FormatError(partName(source_), "has more than " + std::to_string(most) + " relationships");
+    }
+    Relationship relationship{node.attribute("Id").value(), node.attribute("Type").value(), {}, false};
+    const std::string_view target = node.attribute("Target").value();
+    relationship.external = std::string_view(node.attribute("TargetMode").value()) == "External";
+    relationship.target = relationship.external ? std::string(target) : resolveReference(source_, target);
+    all_.push_back(std::move(relationship));
+  }
+}
+
+std::string Relationships::text() const { return xmlText(*document_); }
+
+std::string Relationships::add(std::string_view type, const std::string& target, bool external) {
+  const std::string whole = type.find(':') == std::string_view::npos
+                                ? std::string(officeTypes) + std::string(type)
+                                : std::string(type);
+  const auto same = std::ranges::find_if(all_, [&](const Relationship& one) {
+    return one.type == whole && one.external == external &&
+           (external ? one.target == target : partKey(one.target) == partKey(target));
+  });
+  if (same != all_.end()) return same->id;
+
+  std::string id;
+  for (std::size_t number = all_.size() + 1;; ++number) {
+    id = "rId" + std::to_string(number);
+    if (std::ranges::find(all_, id, &Relationship::id) == all_.end()) break;
+  }
+  pugi::xml_node root = document_->document_element();
+  const std::string name = root.name();
+  pugi::xml_node node = root.append_child((name.substr(0, name.rfind(':') + 1) + "Relationship").c_str());
+  node.append_attribute("Id").set_value(id.c_str());
+  node.append_attribute("Type").set_value(whole.c_str());
+  node.append_attribute("Target").set_value((external ? target : referenceTo(source_, target)).c_str());
+  if (external) node.append_attribute("TargetMode").set_value("External");
+  all_.push_back({id, whole, target, external});
+  changed_ = true;
+  return id;
+}
+
+void Relationships::remove(std::string_view id) {
+  const auto found = std::ranges::find(all_, id, &Relationship::id);
+  if (found == all_.end()) return;
+  for (pugi::xml_node node : document_->document_element().children()) {
+    if (isRelationship(node) && id == node.attribute("Id").value()) {
+      document_->document_element().remove_child(node);
+      break;
+    }
+  }
+  all_.erase(found);
+  changed_ = true;
+}
+
+std::string Relationships::partName(std::string_view source) {
+  const std::size_t slash = source.rfind('/');
+  const std::string folder(slash == std::string_view::npos ? std::string_view{}
+                                                           : source.substr(0, slash + 1));
+  return folder + "_rels/" + std::string(source.substr(folder.size())) + ".rels";
+}
+
+}  // namespace vellumark::deck

@@ -1,0 +1,52 @@
+#pragma once
+// The relationships of one part, or of the package itself.
+
+#include <memory>
+#include <pugixml.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vellumark::deck {
+
+/// One relationship. The target is a part's name, or a URI where `external`; empty where it would leave the
+/// package.
+struct Relationship {
+  std::string id;
+  std::string type;  ///< the whole type URI as the file has it
+  std::string target;
+  bool external = false;
+
+  /// Whether the type ends in `name` ("slide", "tags", "notesSlide"): transitional and strict types alike.
+  bool is(std::string_view name) const;
+};
+
+/// A .rels part, whose unknown content stays.
+class Relationships {
+ public:
+  /// None, for a source that has no .rels part yet.
+  explicit Relationships(std::string source);
+  /// Read from XML; FormatError naming the .rels part where it is broken or has more than `most`
+  /// relationships.
+  Relationships(std::string source, std::string_view xml, std::size_t most);
+
+  const std::vector<Relationship>& all() const { return all_; }
+  bool changed() const { return changed_; }
+  void unchanged() { changed_ = false; }
+  std::string text() const;
+
+  /// Adds a relationship, or finds the one to that target of that type; its id.
+  std::string add(std::string_view type, const std::string& target, bool external);
+  void remove(std::string_view id);
+
+  /// "ppt/_rels/presentation.xml.rels" of "ppt/presentation.xml", "_rels/.rels" of the package ("").
+  static std::string partName(std::string_view source);
+
+ private:
+  std::string source_;
+  std::unique_ptr<pugi::xml_document> document_;
+  std::vector<Relationship> all_;
+  bool changed_ = false;
+};
+
+}  // namespace vellumark::deck

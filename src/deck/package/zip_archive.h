@@ -1,0 +1,67 @@
+#pragma once
+// The zip file under a package: reading entries, and writing a new file with raw copies of what stays.
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace vellumark::deck {
+
+struct ZipEntry {
+  std::string name;
+  std::uint64_t size = 0;            ///< inflated, as the directory declares it
+  std::uint64_t compressedSize = 0;  ///< as it stands in the file
+  bool encrypted = false;
+};
+
+/// A zip file opened for reading. It stays readable when its path comes to name another file.
+class ZipArchive {
+ public:
+  /// FormatError where the file is missing, unreadable or no zip file.
+  explicit ZipArchive(const std::string& path);
+  ~ZipArchive();
+  ZipArchive(const ZipArchive&) = delete;
+  ZipArchive& operator=(const ZipArchive&) = delete;
+
+  const std::vector<ZipEntry>& entries() const { return entries_; }
+  /// The inflated bytes of an entry, its checksum verified; FormatError naming the entry where it is damaged,
+  /// encrypted or longer than `limit`.
+  std::string read(std::size_t entry, std::uint64_t limit) const;
+
+ private:
+  friend class ZipWriter;
+  struct Handle;
+  std::unique_ptr<Handle> handle_;
+  std::vector<ZipEntry> entries_;
+};
+
+/// Collects the entries of a new zip file in order and writes them in one go.
+class ZipWriter {
+ public:
+  /// An entry of another archive as it stands: compressed bytes, time and attributes. The archive must
+  /// outlive write().
+  void copy(const ZipArchive& archive, std::size_t entry) { items_.push_back(Copied{&archive, entry}); }
+  /// An entry of bytes, deflated.
+  void add(std::string name, std::string bytes) {
+    items_.push_back(Added{std::move(name), std::move(bytes)});
+  }
+  /// Writes the file; FormatError with the reason where that fails, and nothing is left behind.
+  void write(const std::string& path) const;
+
+ private:
+  struct Copied {
+    const ZipArchive* archive;
+    std::size_t entry;
+  };
+  struct Added {
+    std::string name;
+    std::string bytes;
+  };
+  std::vector<std::variant<Copied, Added>> items_;
+};
+
+}  // namespace vellumark::deck

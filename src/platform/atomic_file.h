@@ -1,0 +1,29 @@
+#pragma once
+// Writing a file so that its path always names the whole old or the whole new one.
+
+#include <string>
+
+namespace vellumark::platform {
+
+/// A new file beside its target. The caller writes to temporaryPath(); commit() brings the bytes safely to
+/// the disk and gives the file the target's name. Without commit() the temporary file vanishes and the target
+/// stays as it was. A target that is a link is followed; the mode of a file that is replaced is kept.
+class AtomicFile {
+ public:
+  /// base::Error 75 where the folder can't be written to or the target is a folder.
+  explicit AtomicFile(const std::string& target);
+  ~AtomicFile();
+  AtomicFile(const AtomicFile&) = delete;
+  AtomicFile& operator=(const AtomicFile&) = delete;
+
+  const std::string& temporaryPath() const { return temporary_; }
+  /// base::Error 75 where the system refuses; the target is then as before.
+  void commit();
+
+ private:
+  std::string target_;
+  std::string temporary_;
+  bool committed_ = false;
+};
+
+}  // namespace vellumark::platform
