@@ -1,5 +1,6 @@
 #pragma once
-// Questions that the toolkit asks on its own: message box, input box and file dialog. All are modal and blocking.
+// Questions that the toolkit asks on its own: message box, input box and file dialog. All are modal and
+// blocking.
 
 #include <optional>
 #include <string>
@@ -12,8 +13,8 @@ enum class Buttons { ok, okCancel, abortRetryIgnore, yesNoCancel, yesNo, retryCa
 /// The numbers that the host's own message boxes give.
 enum class Answer { ok = 1, cancel = 2, abort = 3, retry = 4, ignore = 5, yes = 6, no = 7 };
 
-/// Shows `text` and waits for a button. `defaultButton` counts from 1. Closing the box answers cancel where there is
-/// such a button, otherwise the only or last one.
+/// Shows `text` and waits for a button. `defaultButton` counts from 1. Closing the box answers cancel where
+/// there is such a button, otherwise the only or last one.
 Answer messageBox(const std::string& text, Icon icon, Buttons buttons, const std::string& title,
                   int defaultButton = 1);
 

@@ -1,0 +1,70 @@
+#pragma once
+// The one table of commands: what each is called, when it is enabled and what it does. The ribbon, the
+// toolbars and the command line all go by it.
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "core/globals.h"
+
+namespace vellumark::commands {
+
+/// When a command is enabled, in terms of what the selection watch found.
+struct Rule {
+  std::int16_t fewestShapes = 0;
+  std::int16_t exactShapes = 0;  ///< 0 asks for no exact number
+  bool rightAngled = false;
+  bool sameOrientation = false;
+  bool blockArrows = false;
+  bool pentagons = false;
+  bool roundedRectangles = false;
+  bool textShapes = false;
+  bool shapesOrSlides = false;  ///< at least one shape, or slides selected
+  bool slides = false;
+  bool window = false;
+
+  bool holds(const core::SelectionFlags& flags) const;
+  /// "at least 2 shapes", "always".
+  std::string text() const;
+};
+
+/// The usage counters, by their names in the settings store.
+namespace counters {
+inline constexpr const char* slideWizard = "statsSlideWizard";
+inline constexpr const char* myElements = "statsMyElements";
+inline constexpr const char* agendaWizard = "statsAgendaWizard";
+inline constexpr const char* trimlineTools = "statsTrimlineTools";
+}  // namespace counters
+
+struct Command {
+  std::int16_t id;        ///< number on the ribbon, 0 where only toolbars have it
+  std::int16_t secondId;  ///< the entry of a split button's menu that does the same, 0 for none
+  const char* method;     ///< the public name, as in a toolbar entry's parameter
+  const char* label;      ///< caption on toolbars; empty where only the ribbon has it
+  const char* counter;    ///< nullptr counts nothing
+  Rule rule;
+  Rule secondRule;  ///< of secondId
+  /// What it does, with the text behind the blank of a toolbar parameter. Without one the command is not in
+  /// this build.
+  void (*run)(const std::string& argument) = nullptr;
+
+  bool inThisBuild() const { return run != nullptr || toggle; }
+  bool toggle = false;  ///< a toggle button, which sets the host's property itself
+};
+
+std::span<const Command> commandTable();
+/// The command with that ribbon number, or nothing.
+const Command* findCommand(std::int16_t id);
+/// The command with that method name, in any case, or nothing.
+const Command* findCommand(std::string_view method);
+
+/// The rule of a ribbon number, of menus and split buttons that only open too; nothing where it has none.
+std::optional<Rule> ruleOf(std::int16_t id);
+
+/// Runs a command. One that is not in this build says so in one line and changes nothing.
+void runCommand(const Command& command, const std::string& argument = {});
+
+}  // namespace vellumark::commands

@@ -1,0 +1,57 @@
+#pragma once
+// The sink of the host's events: keeps the enabled state of every command in step with the selection.
+
+#include <string>
+
+#include "core/globals.h"
+
+namespace vellumark::commands {
+
+/// What the older hosts' rules ask of a range of shapes, beside its length.
+struct AngleCheck {
+  bool allButLastRightAngled = true;
+  bool lastRightAngled = true;
+  bool sameRotation = true;
+  bool allProcessShapes = true;
+};
+
+class pptEvents : public core::ApplicationEvents {
+ public:
+  /// Connects to the events of an application; an empty handle stops them.
+  void PowerPointApp(const host::Application& application);
+
+  const core::SelectionFlags& flags() const override { return flags_; }
+  void checkSelection() override;
+  void toggle() override;
+  void toggleOff() override;
+
+  /// Sets the enabled state of an entry of a bar, or of a popup on it. Only hosts before the ribbon have
+  /// them.
+  void toggleButton(const std::string& barName, const std::string& controlName, bool enabled);
+  void togglePopupEntry(const std::string& barName, const std::string& popupName,
+                        const std::string& entryName, bool enabled);
+  void toggleAlignAngles(bool enabled);
+  void toggleAutoShapeText(bool enabled);
+  void togglePentagonHeader(bool enabled);
+  void toggleProcessChain(bool enabled);
+  void toggleSwitchObjects(bool enabled);
+  void toggleSlides(bool enabled);
+  void togglePresentation(bool enabled);
+  void toggleShape(bool enabled);
+  void toggleTwoOrMoreShapes(bool enabled);
+  void toggleTwoOrMoreShapes90degr(bool enabled);
+  /// Mirrors the state of the two text toggles. `selection` becomes that of the active window.
+  void toggleAutoShapeTextState(host::Selection& selection);
+  AngleCheck check90degr(const host::ShapeRange& range);
+
+  /// The host's event.
+  void pptApp_WindowSelectionChange(host::Selection selection);
+
+ private:
+  void evaluateForToolbars(host::Selection& selection);
+
+  core::SelectionFlags flags_;
+  host::Subscription subscription_;
+};
+
+}  // namespace vellumark::commands

@@ -1,0 +1,98 @@
+#include "commands/ribbon_callbacks.h"
+
+#include "commands/command_table.h"
+#include "commands/dispatch.h"
+#include "core/failure.h"
+#include "core/globals.h"
+#include "services/languages.h"
+
+namespace vellumark::commands {
+namespace {
+
+constexpr std::int16_t styleChooser = 1025;
+constexpr std::int16_t firstLanguage = 1093, lastLanguage = 1095;
+constexpr std::int16_t fitToText = 1085, wrapText = 1086;
+constexpr std::int16_t firstCommand = 1002, behindCommands = 1118;
+constexpr std::int16_t firstWithRule = 1032, lastWithRule = 1117;
+
+/// The place (0 to 2) of a language button; -1 for other controls.
+int languagePlace(std::int16_t number) {
+  return number >= firstLanguage && number <= lastLanguage ? number - firstLanguage : -1;
+}
+
+std::int32_t shortcut(int place) {
+  return core::globals().languageShortcuts[static_cast<std::size_t>(place)];
+}
+
+host::TextFrame selectedFrames() {
+  return core::globals().powerPointApp.ActiveWindow().Selection().ShapeRange().TextFrame();
+}
+
+}  // namespace
+
+void onAction(const host::IRibbonControl& control) {
+  runUndoFix();
+  if (const char* counter = counterOf(controlNumber(control.Id()))) count(counter);
+  const std::int16_t number = controlNumber(control.Id());
+  if (number < firstCommand || number >= behindCommands) return;
+  const Command* command = findCommand(number);
+  // Toggle buttons have a callback of their own.
+  if (!command || command->toggle) return;
+  const int place = languagePlace(number);
+  runCommand(*command, place >= 0 ? std::to_string(shortcut(place)) : std::string());
+}
+
+void onActionTB(const host::IRibbonControl& control, bool pressed) {
+  runUndoFix();
+  switch (controlNumber(control.Id())) {
+    case fitToText:
+      selectedFrames().AutoSize(pressed ? host::ppAutoSizeShapeToFitText : host::ppAutoSizeNone);
+      break;
+    case wrapText:
+      selectedFrames().WordWrap(pressed);
+      break;
+    default:
+      break;
+  }
+}
+
+bool getEnabled(const host::IRibbonControl& control) {
+  const std::int16_t number = controlNumber(control.Id());
+  if (number < firstWithRule || number > lastWithRule) return true;
+  const std::optional<Rule> rule = ruleOf(number);
+  if (!rule) return true;
+  const core::ApplicationEvents* events = core::globals().applicationEvents;
+  return rule->holds(events ? events->flags() : core::SelectionFlags{});
+}
+
+bool getVisible(const host::IRibbonControl& control) {
+  const std::int16_t number = controlNumber(control.Id());
+  if (number == styleChooser) return core::globals().styleNames.size() >= 2;
+  const int place = languagePlace(number);
+  return place < 0 || shortcut(place) >= 1;
+}
+
+std::string getLabel(const host::IRibbonControl& control) {
+  const int place = languagePlace(controlNumber(control.Id()));
+  if (place < 0 || shortcut(place) < 1) return {};
+  return services::languageList().Item("ID" + std::to_string(shortcut(place))).Name();
+}
+
+bool getPressed(const host::IRibbonControl& control) {
+  bool pressed = false;
+  core::resumeNext([&] {
+    switch (controlNumber(control.Id())) {
+      case fitToText:
+        pressed = selectedFrames().AutoSize() == host::ppAutoSizeShapeToFitText;
+        break;
+      case wrapText:
+        pressed = selectedFrames().WordWrap() != host::msoFalse;
+        break;
+      default:
+        break;
+    }
+  });
+  return pressed;
+}
+
+}  // namespace vellumark::commands

@@ -1,0 +1,99 @@
+#pragma once
+// The object that holds the commands on shapes, text and slides.
+
+#include "host/shape.h"
+
+namespace vellumark::tools {
+
+/// The upright visual box of a shape at any rotation, in points on the slide.
+struct RotatedMetrics {
+  double Left = 0;
+  double Top = 0;
+  double Height = 0;
+  double Width = 0;
+};
+
+/// The commands of the Trimline Tools. A command takes no argument and works on the active window's
+/// selection. The master of a selection is its last shape; all others are followers, treated in the order of
+/// selecting.
+class TrimlineTools {
+ public:
+  // Measuring and placing by what the eye sees. The visual box has the frame's centre; its size is the
+  // absolute value of the sum of both sides' shares, so that between 90 and 180 and between 270 and 360
+  // degrees it is smaller than the outline.
+  double getLeft(const host::Shape& shape);
+  double getTop(const host::Shape& shape);
+  double getWidth(const host::Shape& shape);
+  double getHeight(const host::Shape& shape);
+  void setLeft(const host::Shape& shape, double x);
+  void setTop(const host::Shape& shape, double y);
+  /// Only for shapes turned by exactly 0, 90, 180 or 270 degrees; others bring a message and stay as they
+  /// are.
+  void setWidth(const host::Shape& shape, double width);
+  void setHeight(const host::Shape& shape, double height);
+
+  // Followers to an edge or centre of the master.
+  void alignLefts();
+  void alignCenters();
+  void alignRights();
+  void alignTops();
+  void alignMiddles();
+  void alignBottoms();
+  void alignVerticallyInGoldenSection();
+
+  // Followers to the master's size.
+  void alignWidths();
+  void alignHeights();
+  void alignWidthsAndHeights();
+
+  // One edge to the master's same edge; the opposite edge stays.
+  void stretchLeft();
+  void stretchRight();
+  void stretchTop();
+  void stretchBottom();
+
+  // Followers beside the master.
+  void moveLeftToMasterRight();
+  void moveRightToMasterLeft();
+  void moveTopToMasterBottom();
+  void moveBottomToMasterTop();
+
+  // One edge to the master's opposite edge; the follower's other edge stays.
+  void stretchLeftToMasterRight();
+  void stretchRightToMasterLeft();
+  void stretchTopToMasterBottom();
+  void stretchBottomToMasterTop();
+
+  // Commands that only open something.
+  void tutorialVideos();
+  void gettingStarted();
+  void FAQ();
+  void homepage();
+  void recommend();
+  void feedback();
+  void reference();
+  void startUpdate();
+
+ private:
+  RotatedMetrics getRotatedMetrics(const host::Shape& shape);
+
+  /// Which edge is meant. `alignSizes` has modes of its own.
+  enum class Mode {
+    left = 0,
+    center = 1,
+    right = 2,
+    top = 3,
+    middle = 4,
+    bottom = 5,
+    width = 6,
+    height = 7,
+    widthAndHeight = 8
+  };
+  void align(Mode mode);
+  void alignSizes(Mode mode);
+  void stretch(Mode mode);
+  void moveToMaster(Mode mode);
+  void stretchToMaster(Mode mode);
+};
+
+}  // namespace vellumark::tools
