@@ -1,24 +1,17 @@
 #pragma once
-// Colours as the host has them: 24 bits, red in the low byte.
 
 #include <cstdint>
 
 namespace vellumark::ui {
 
-struct Color {
-  std::uint32_t value = 0;
+/// A colour with red in the low byte, as the host counts colours.
+using Color = std::uint32_t;
 
-  constexpr std::uint8_t red() const { return static_cast<std::uint8_t>(value); }
-  constexpr std::uint8_t green() const { return static_cast<std::uint8_t>(value >> 8); }
-  constexpr std::uint8_t blue() const { return static_cast<std::uint8_t>(value >> 16); }
-  constexpr bool operator==(const Color&) const = default;
-};
-
-constexpr Color rgb(std::uint8_t red, std::uint8_t green, std::uint8_t blue) {
-  return {static_cast<std::uint32_t>(red | green << 8 | blue << 16)};
+constexpr Color rgb(int red, int green, int blue) {
+  return static_cast<Color>(red) | static_cast<Color>(green) << 8 | static_cast<Color>(blue) << 16;
 }
-
-inline constexpr Color black{0};
-inline constexpr Color white{0xFFFFFF};
+constexpr int redOf(Color color) { return static_cast<int>(color & 0xFF); }
+constexpr int greenOf(Color color) { return static_cast<int>(color >> 8 & 0xFF); }
+constexpr int blueOf(Color color) { return static_cast<int>(color >> 16 & 0xFF); }
 
 }  // namespace vellumark::ui
