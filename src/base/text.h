@@ -1,5 +1,6 @@
 #pragma once
-// Small text functions. All texts are UTF-8; lengths and positions of "characters" are stated where they matter.
+// Small text functions. All texts are UTF-8; lengths and positions of "characters" are stated where they
+// matter.
 
 #include <string>
 #include <string_view>

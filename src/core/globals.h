@@ -1,11 +1,10 @@
 #pragma once
-// The one set of global state of the add-in, filled during connection and alive until disconnection, and the narrow
-// interfaces through which lower folders ask something of higher ones.
+// The one set of global state of the add-in, filled during connection and alive until disconnection, and the
+// narrow interfaces through which lower folders ask something of higher ones.
 
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
@@ -71,7 +70,7 @@ struct Globals {
   ApplicationEvents* applicationEvents = nullptr;
   ToolbarControls* toolbarControls = nullptr;  ///< only on hosts before the ribbon
   tools::TrimlineTools* tools = nullptr;
-  std::optional<platform::InstanceMutex> hostMutex;
+  std::unique_ptr<platform::InstanceMutex> hostMutex;  ///< marks to other programs that the add-in is loaded
   std::string hostVersion;
   bool helpMode = false;
   bool screenSaverOff = false;

@@ -9,7 +9,8 @@ namespace vellumark::core {
 
 /// The value as string; `defaultValue` where key or value is missing. A value that is there and empty is the
 /// empty string.
-std::string getRegistry(const std::string& valueName, const std::string& subkey, const std::string& defaultValue);
+std::string getRegistry(const std::string& valueName, const std::string& subkey,
+                        const std::string& defaultValue);
 /// Writes a string value (note the order of the arguments); creates the key where it is missing.
 void setRegistry(const std::string& valueName, const std::string& value, const std::string& subkey);
 /// The same for byte arrays.

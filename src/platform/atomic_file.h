@@ -10,7 +10,8 @@ namespace vellumark::platform {
 /// stays as it was. A target that is a link is followed; the mode of a file that is replaced is kept.
 class AtomicFile {
  public:
-  /// base::Error 75 where the folder can't be written to or the target is a folder.
+  /// base::Error 75 where the folder can't be written to, or the target is a folder, a device or
+  /// write-protected.
   explicit AtomicFile(const std::string& target);
   ~AtomicFile();
   AtomicFile(const AtomicFile&) = delete;

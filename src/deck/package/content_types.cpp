@@ -12,13 +12,13 @@ constexpr std::string_view noTypes =
     R"(<Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">)"
     R"(<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>)"
     R"(<Default Extension="xml" ContentType="application/xml"/></Types>)";
-constexpr int depth = 8;
+constexpr XmlLimits limits = {.depth = 8};
 
 }  // namespace
 
 ContentTypes::ContentTypes() : ContentTypes(noTypes) { changed_ = true; }
 
-ContentTypes::ContentTypes(std::string_view xml) : document_(parseXml(partName, xml, depth)) {
+ContentTypes::ContentTypes(std::string_view xml) : document_(parseXml(partName, xml, limits)) {
   for (pugi::xml_node node : document_->document_element().children()) {
     const std::string_view name = node.name();
     if (name.ends_with("Default")) {
@@ -49,7 +49,7 @@ void ContentTypes::set(const std::string& part, const std::string& type) {
     pugi::xml_node root = document_->document_element();
     const std::string name = root.name();
     node = root.append_child((name.substr(0, name.rfind(':') + 1) + "Override").c_str());
-    node.append_attribute("PartName").set_value(("/" + part).c_str());
+    node.append_attribute("PartName").set_value(("/" + escapedName(part)).c_str());
     node.append_attribute("ContentType");
   }
   node.attribute("ContentType").set_value(type.c_str());

@@ -1,7 +1,9 @@
 #include "deck/package/namespaces.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace vellumark::deck {
@@ -9,20 +11,26 @@ namespace {
 
 struct Known {
   std::string_view prefix;
-  std::string_view uri;
+  std::string_view transitional;
+  std::string_view strict;
 };
+constexpr std::string_view transitionalRelationships =
+    "http://schemas.openxmlformats.org/officeDocument/2006/relationships";
+constexpr std::string_view strictRelationships = "http://purl.oclc.org/ooxml/officeDocument/relationships";
 constexpr Known known[] = {
-    {"p", "http://schemas.openxmlformats.org/presentationml/2006/main"},
-    {"p", "http://purl.oclc.org/ooxml/presentationml/main"},
-    {"a", "http://schemas.openxmlformats.org/drawingml/2006/main"},
-    {"a", "http://purl.oclc.org/ooxml/drawingml/main"},
-    {"r", "http://schemas.openxmlformats.org/officeDocument/2006/relationships"},
-    {"r", "http://purl.oclc.org/ooxml/officeDocument/relationships"},
-    {"mc", "http://schemas.openxmlformats.org/markup-compatibility/2006"},
+    {"p", "http://schemas.openxmlformats.org/presentationml/2006/main",
+     "http://purl.oclc.org/ooxml/presentationml/main"},
+    {"a", "http://schemas.openxmlformats.org/drawingml/2006/main",
+     "http://purl.oclc.org/ooxml/drawingml/main"},
+    {"r", transitionalRelationships, strictRelationships},
+    {"mc", "http://schemas.openxmlformats.org/markup-compatibility/2006", {}},
 };
 
+/// Empty where the namespace is none of the known ones.
 std::string_view usualPrefix(std::string_view uri) {
-  const auto* found = std::ranges::find(known, uri, &Known::uri);
+  const auto* found = std::ranges::find_if(known, [&](const Known& one) {
+    return uri == one.transitional || (!one.strict.empty() && uri == one.strict);
+  });
   return found == std::end(known) ? std::string_view{} : found->prefix;
 }
 
@@ -31,28 +39,33 @@ bool isUsualPrefix(std::string_view prefix) {
 }
 
 bool isUsual(std::string_view prefix, std::string_view uri) {
+  // A reference may spell any namespace; looking closer is for the walk.
+  if (uri.find('&') != std::string_view::npos) return false;
   const std::string_view usual = usualPrefix(uri);
   return usual.empty() ? !isUsualPrefix(prefix) : prefix == usual;
 }
 
-/// The prefix that a declaration binds ("" for the default namespace); false for other attributes.
-bool declares(std::string_view attribute, std::string_view& prefix) {
-  if (attribute == "xmlns") {
-    prefix = {};
-    return true;
-  }
-  if (!attribute.starts_with("xmlns:")) return false;
-  prefix = attribute.substr(6);
-  return true;
+/// The prefix that a declaration binds ("" for the default namespace); nothing for other attributes.
+std::optional<std::string_view> declaredPrefix(std::string_view attribute) {
+  if (attribute == "xmlns") return std::string_view{};
+  if (!attribute.starts_with("xmlns:")) return {};
+  return attribute.substr(6);
 }
 
-struct Binding {
-  std::string prefix;    ///< as the file has it
-  std::string replaced;  ///< as the model wants it
+/// The prefix of a qualified name and what follows it, colon and all; the prefix is empty where there is
+/// none.
+struct QualifiedName {
+  explicit QualifiedName(std::string_view name)
+      : prefix(name.substr(0, name.find(':') == std::string_view::npos ? 0 : name.find(':'))),
+        rest(name.substr(prefix.size())) {}
+  std::string_view prefix;
+  std::string_view rest;
 };
 
 class Renamer {
  public:
+  explicit Renamer(pugi::xml_node root) { collectPrefixes(root); }
+
   void rename(pugi::xml_node element) {
     const std::size_t outer = bindings_.size();
     declare(element);
@@ -65,87 +78,111 @@ class Renamer {
   }
 
  private:
+  struct Binding {
+    std::string prefix;    ///< as the file has it
+    std::string replaced;  ///< as the model wants it
+  };
+
+  void collectPrefixes(pugi::xml_node element) {
+    for (pugi::xml_attribute attribute : element.attributes()) {
+      if (const auto prefix = declaredPrefix(attribute.name())) prefixes_.emplace(*prefix);
+    }
+    for (pugi::xml_node child : element.children()) {
+      if (child.type() == pugi::node_element) collectPrefixes(child);
+    }
+  }
+
+  /// A prefix that the document has nowhere, for a usual one that has to give way.
+  std::string unusedPrefix(std::string_view like) {
+    for (int number = 1;; ++number) {
+      std::string prefix = std::string(like) + "_" + std::to_string(number);
+      if (prefixes_.insert(prefix).second) return prefix;
+    }
+  }
+
   void declare(pugi::xml_node element) {
     std::vector<pugi::xml_attribute> twice;
     std::vector<std::string> declared;
     for (pugi::xml_attribute attribute : element.attributes()) {
-      std::string_view prefix;
-      if (!declares(attribute.name(), prefix)) continue;
+      const auto prefix = declaredPrefix(attribute.name());
+      if (!prefix) continue;
       std::string replaced(usualPrefix(attribute.value()));
-      if (replaced.empty()) {
-        replaced = isUsualPrefix(prefix) ? std::string(prefix) + "_" + std::to_string(++renamed_)
-                                         : std::string(prefix);
-      }
-      bindings_.push_back({std::string(prefix), replaced});
+      if (replaced.empty()) replaced = isUsualPrefix(*prefix) ? unusedPrefix(*prefix) : std::string(*prefix);
+      bindings_.push_back({std::string(*prefix), replaced});
+      // Two prefixes for one namespace become one.
       if (std::ranges::find(declared, replaced) != declared.end()) {
         twice.push_back(attribute);
         continue;
       }
-      declared.push_back(replaced);
       attribute.set_name(replaced.empty() ? "xmlns" : ("xmlns:" + replaced).c_str());
+      declared.push_back(std::move(replaced));
     }
     for (pugi::xml_attribute attribute : twice) element.remove_attribute(attribute);
   }
 
+  /// What stands for a prefix in the present scope; nothing where it stays.
   const std::string* replacement(std::string_view prefix) const {
     const auto found = std::find_if(bindings_.rbegin(), bindings_.rend(),
                                     [&](const Binding& binding) { return binding.prefix == prefix; });
-    return found == bindings_.rend() ? nullptr : &found->replaced;
+    return found == bindings_.rend() || found->replaced == prefix ? nullptr : &found->replaced;
   }
 
   void renameElement(pugi::xml_node element) {
-    const std::string_view name = element.name();
-    const std::size_t colon = name.find(':');
-    const std::string_view prefix =
-        colon == std::string_view::npos ? std::string_view{} : name.substr(0, colon);
-    const std::string* replaced = replacement(prefix);
-    if (!replaced || *replaced == prefix) return;
-    const std::string local(colon == std::string_view::npos ? name : name.substr(colon + 1));
-    element.set_name((replaced->empty() ? local : *replaced + ":" + local).c_str());
+    const QualifiedName name(element.name());
+    const std::string* replaced = replacement(name.prefix);
+    if (!replaced) return;
+    const std::string renamed = *replaced + (name.prefix.empty() ? ":" : "") + std::string(name.rest);
+    element.set_name(renamed.c_str());
   }
 
-  /// Attributes without a prefix are in no namespace.
   void renameAttributes(pugi::xml_node element) {
     for (pugi::xml_attribute attribute : element.attributes()) {
-      const std::string_view name = attribute.name();
-      std::string_view declared;
-      if (declares(name, declared)) continue;
-      if (const std::size_t colon = name.find(':'); colon != std::string_view::npos) {
-        const std::string* replaced = replacement(name.substr(0, colon));
-        if (replaced && !replaced->empty() && *replaced != name.substr(0, colon)) {
-          const std::string renamed = *replaced + std::string(name.substr(colon));
-          attribute.set_name(renamed.c_str());
-        }
+      if (declaredPrefix(attribute.name())) continue;
+      const QualifiedName name(attribute.name());
+      // Attributes without a prefix are in no namespace.
+      if (const std::string* replaced = name.prefix.empty() ? nullptr : replacement(name.prefix)) {
+        const std::string renamed = *replaced + std::string(name.rest);
+        attribute.set_name(renamed.c_str());
       }
-      const std::string_view now = attribute.name();
-      if (now == "mc:Ignorable" || now == "mc:MustUnderstand" || now == "Requires")
-        renamePrefixList(attribute);
+      if (holdsPrefixes(element, attribute)) renamePrefixList(attribute);
     }
   }
 
+  /// Whether a value is a list of prefixes or of qualified names, as markup compatibility has them. Element
+  /// and attribute have their new names.
+  static bool holdsPrefixes(pugi::xml_node element, pugi::xml_attribute attribute) {
+    const std::string_view name = attribute.name();
+    if (name == "Requires") return std::string_view(element.name()) == "mc:Choice";
+    return name == "mc:Ignorable" || name == "mc:MustUnderstand" || name == "mc:ProcessContent" ||
+           name == "mc:PreserveElements" || name == "mc:PreserveAttributes";
+  }
+
   void renamePrefixList(pugi::xml_attribute attribute) {
+    constexpr std::string_view blanks = " \t\r\n";
     const std::string_view list = attribute.value();
     std::string renamed;
-    for (std::size_t at = 0; at < list.size();) {
-      const std::size_t start = list.find_first_not_of(" \t\r\n", at);
-      if (start == std::string_view::npos) break;
-      at = std::min(list.find_first_of(" \t\r\n", start), list.size());
-      const std::string_view prefix = list.substr(start, at - start);
+    for (std::size_t at = list.find_first_not_of(blanks); at < list.size();) {
+      const std::size_t end = std::min(list.find_first_of(blanks, at), list.size());
+      const std::string_view item = list.substr(at, end - at);
+      const std::string_view prefix = item.substr(0, item.find(':'));
       const std::string* replaced = replacement(prefix);
       if (!renamed.empty()) renamed += ' ';
       renamed += replaced ? *replaced : std::string(prefix);
+      renamed += item.substr(prefix.size());
+      at = list.find_first_not_of(blanks, end);
     }
     attribute.set_value(renamed.c_str());
   }
 
-  std::vector<Binding> bindings_;
-  int renamed_ = 0;
+  std::vector<Binding> bindings_;  ///< of the elements around, the innermost last
+  std::unordered_set<std::string> prefixes_;
 };
 
 }  // namespace
 
 bool hasUnusualPrefixes(std::string_view xml) {
   constexpr std::string_view declaration = "xmlns";
+  constexpr std::string_view blanks = " \t\r\n";
   for (std::size_t at = xml.find(declaration); at != std::string_view::npos; at = xml.find(declaration, at)) {
     at += declaration.size();
     const std::size_t equals = xml.find('=', at);
@@ -154,16 +191,30 @@ bool hasUnusualPrefixes(std::string_view xml) {
     const std::size_t close = xml.find(xml[open], open + 1);
     if (close == std::string_view::npos) return false;
     std::string_view prefix = xml.substr(at, equals - at);
-    while (!prefix.empty() && (prefix.back() == ' ' || prefix.back() == '\t' || prefix.back() == '\n' ||
-                               prefix.back() == '\r')) {
-      prefix.remove_suffix(1);
-    }
+    prefix = prefix.substr(0, prefix.find_last_not_of(blanks) + 1);
     if (prefix.starts_with(':')) prefix.remove_prefix(1);
     if (!isUsual(prefix, xml.substr(open + 1, close - open - 1))) return true;
   }
   return false;
 }
 
-void makePrefixesUsual(pugi::xml_node root) { Renamer().rename(root); }
+void makePrefixesUsual(pugi::xml_node root) { Renamer(root).rename(root); }
+
+bool isStrictRelationship(std::string_view type) { return type.starts_with(strictRelationships); }
+
+std::string relationshipType(std::string_view name, bool strict) {
+  return std::string(strict ? strictRelationships : transitionalRelationships) + '/' + std::string(name);
+}
+
+void makeStrict(pugi::xml_node element) {
+  for (pugi::xml_attribute attribute : element.attributes()) {
+    if (!declaredPrefix(attribute.name())) continue;
+    const auto* found = std::ranges::find(known, std::string_view(attribute.value()), &Known::transitional);
+    if (found != std::end(known) && !found->strict.empty()) attribute.set_value(found->strict.data());
+  }
+  for (pugi::xml_node child : element.children()) {
+    if (child.type() == pugi::node_element) makeStrict(child);
+  }
+}
 
 }  // namespace vellumark::deck

@@ -1,8 +1,8 @@
 #include "deck/package/package.h"
 
 #include <algorithm>
-#include <set>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "base/error.h"
@@ -22,43 +22,68 @@ struct Package::State {
   std::unique_ptr<Relationships> relationships;
   std::vector<PartRef> parts;  ///< in the order of the file, then of adding
   std::unordered_map<std::string, PartRef> byName;
-  /// Entries by name, those that are no parts (.rels) among them; of two with one name the first counts.
+  /// Entries by key, those that are no parts (.rels) among them; of two with one name the first counts.
   std::unordered_map<std::string, std::size_t> entries;
   bool partsChanged = false;  ///< some were added or removed
 
   void checkDirectory(const std::string& path) const;
   void indexEntries();
+  void collect(ZipWriter& writer) const;
 };
 
 namespace {
 
-bool isRelationshipsPart(std::string_view name) {
-  return name.ends_with(".rels") &&
-         (name.starts_with("_rels/") || name.find("/_rels/") != std::string_view::npos);
+bool isFolder(std::string_view name) { return name.ends_with('/'); }
+
+/// Parses a part and brings its prefixes to the usual ones.
+std::unique_ptr<pugi::xml_document> parsePart(const std::string& name, std::string_view bytes,
+                                              const Limits& limits) {
+  auto document = parseXml(name, bytes, {.depth = limits.xmlDepth, .items = limits.xmlItems});
+  // A text in another encoding is not looked at but walked.
+  const bool utf8 = bytes.starts_with('<') || bytes.starts_with("\xEF\xBB\xBF");
+  if (!utf8 || hasUnusualPrefixes(bytes)) makePrefixesUsual(document->document_element());
+  return document;
 }
 
-bool isFolder(std::string_view name) { return name.ends_with('/'); }
+/// The parts that some lead to, directly or not, themselves among them; without those in `reached` already.
+void follow(std::vector<PartRef> todo, std::unordered_set<Part*>& reached) {
+  while (!todo.empty()) {
+    const PartRef part = std::move(todo.back());
+    todo.pop_back();
+    if (!reached.insert(part.get()).second) continue;
+    for (const Relationship& relationship : part->relationships()) {
+      if (PartRef target = part->target(relationship)) todo.push_back(std::move(target));
+    }
+  }
+}
 
 }  // namespace
 
 void Package::State::checkDirectory(const std::string& path) const {
   const auto& all = archive->entries();
-  if (all.size() > limits.parts)
+  if (all.size() > limits.parts) {
     throw FormatError(path, "has more than " + std::to_string(limits.parts) + " parts");
+  }
   std::uint64_t total = 0;
   for (const ZipEntry& entry : all) {
     if (!isFolder(entry.name) && !isPartName(entry.name)) {
-      throw FormatError(path, "holds an entry '" + entry.name + "', whose name leads out of the package");
+      throw FormatError(path, "holds an entry '" + entry.name + "', which is no safe name of a part");
+    }
+    if (entry.encrypted) {
+      throw FormatError(path, "is protected by a password ('" + entry.name +
+                                  "' is encrypted); save it as .pptx without one first");
     }
     constexpr std::uint64_t worthLooking = 1 << 20;
-    const std::uint64_t most = std::max<std::uint64_t>(entry.compressedSize, 1) * limits.inflationRatio;
-    if (entry.size > limits.partBytes || (entry.size > worthLooking && entry.size > most)) {
+    const bool outOfProportion =
+        entry.size > worthLooking &&
+        entry.size / limits.inflationRatio >= std::max<std::uint64_t>(entry.compressedSize, 1);
+    if (entry.size > limits.partBytes || outOfProportion) {
       throw FormatError(entry.name, "is out of all proportion: " + std::to_string(entry.compressedSize) +
                                         " bytes that unpack to " + std::to_string(entry.size));
     }
-    total += entry.size;
+    total += entry.size;  // each is below partBytes: no overflow
     if (total > limits.totalBytes) {
-      throw FormatError(path, "unpacks to more than " + std::to_string(limits.totalBytes >> 20) + " MiB");
+      throw FormatError(path, "unpacks to more than " + std::to_string(limits.totalBytes) + " bytes");
     }
   }
 }
@@ -88,13 +113,13 @@ std::unique_ptr<Package> Package::open(const std::string& path, const Limits& li
   state.contentTypes = std::make_unique<ContentTypes>(state.archive->read(types->second, limits.xmlBytes));
   const auto& all = state.archive->entries();
   for (std::size_t i = 0; i < all.size(); ++i) {
-    const std::string& name = all[i].name;
-    const auto entry = state.entries.find(partKey(name));
-    if (entry == state.entries.end() || entry->second != i || i == types->second || isRelationshipsPart(name))
-      continue;
-    PartRef part(new Part(*package, name, state.contentTypes->of(name)));
+    const std::string key = partKey(all[i].name);
+    const auto entry = state.entries.find(key);
+    const bool counts = entry != state.entries.end() && entry->second == i;
+    if (!counts || i == types->second || Relationships::sourceOf(key)) continue;
+    PartRef part(new Part(*package, all[i].name, state.contentTypes->of(all[i].name)));
     part->entry_ = i;
-    state.byName.emplace(partKey(name), part);
+    state.byName.emplace(key, part);
     state.parts.push_back(std::move(part));
   }
   state.relationships = package->readRelationships("");
@@ -127,6 +152,7 @@ PartRef Package::requiredRoot(std::string_view type) {
 
 std::vector<std::string> Package::partNames() const {
   std::vector<std::string> names;
+  names.reserve(state_->parts.size());
   for (const PartRef& part : state_->parts) names.push_back(part->name());
   return names;
 }
@@ -134,7 +160,16 @@ std::vector<std::string> Package::partNames() const {
 const std::vector<Relationship>& Package::relationships() { return state_->relationships->all(); }
 
 std::string Package::relate(const Part& target, std::string_view type) {
-  return state_->relationships->add(type, target.name(), false);
+  return state_->relationships->add(wholeType(type), target.name(), false);
+}
+
+bool Package::isStrict() const {
+  return std::ranges::any_of(state_->relationships->all(),
+                             [](const Relationship& one) { return isStrictRelationship(one.type); });
+}
+
+std::string Package::wholeType(std::string_view type) const {
+  return type.find(':') == std::string_view::npos ? relationshipType(type, isStrict()) : std::string(type);
 }
 
 std::unique_ptr<Relationships> Package::readRelationships(const std::string& source) const {
@@ -145,42 +180,42 @@ std::unique_ptr<Relationships> Package::readRelationships(const std::string& sou
 }
 
 std::unique_ptr<pugi::xml_document> Package::parse(const Part& part) const {
-  const std::string bytes =
-      part.entry_ ? state_->archive->read(*part.entry_, state_->limits.xmlBytes) : part.added_;
-  auto document = parseXml(part.name(), bytes, state_->limits.xmlDepth);
-  // A text in another encoding is not looked at but walked.
-  const bool utf8 = bytes.starts_with('<') || bytes.starts_with("\xEF\xBB\xBF");
-  if (!utf8 || hasUnusualPrefixes(bytes)) makePrefixesUsual(document->document_element());
-  return document;
+  return parsePart(part.name(), read(part, state_->limits.xmlBytes), state_->limits);
 }
 
-std::string Package::read(const Part& part) const {
-  return state_->archive->read(*part.entry_, state_->limits.partBytes);
+std::string Package::readBytes(const Part& part) const { return read(part, state_->limits.partBytes); }
+
+std::string Package::read(const Part& part, std::uint64_t limit) const {
+  if (!part.entry_) return part.added_;
+  // Its place may by now be that of something else, in another file.
+  if (part.removed_) throw FormatError(part.name(), "was taken out of the package");
+  return state_->archive->read(*part.entry_, limit);
 }
 
 PartRef Package::add(const std::string& name, const std::string& contentType) {
+  if (!isPartName(name)) throw FormatError(name, "is no name that a part can have");
   PartRef part(new Part(*this, name, contentType));
+  if (!state_->byName.emplace(partKey(name), part).second) throw FormatError(name, "is there already");
+  // None, even if a part of that name that was removed has left some in the file.
+  part->relationships_ = std::make_unique<Relationships>(name);
+  part->changed_ = true;
   state_->contentTypes->set(name, contentType);
-  state_->byName.emplace(partKey(name), part);
   state_->parts.push_back(part);
   state_->partsChanged = true;
-  // A part of that name that was removed before may have left its relationships in the file.
-  part->relationships_ = std::make_unique<Relationships>(name);
   return part;
 }
 
 PartRef Package::addXml(const std::string& name, const std::string& contentType, std::string_view xml) {
-  auto document = parseXml(name, xml, state_->limits.xmlDepth);
+  auto document = parsePart(name, xml, state_->limits);
+  if (isStrict()) makeStrict(document->document_element());
   PartRef part = add(name, contentType);
   part->document_ = std::move(document);
-  part->changed_ = true;
   return part;
 }
 
 PartRef Package::addBytes(const std::string& name, const std::string& contentType, std::string bytes) {
   PartRef part = add(name, contentType);
   part->added_ = std::move(bytes);
-  part->changed_ = true;
   return part;
 }
 
@@ -189,42 +224,32 @@ std::string Package::freeName(const std::string& pattern) const {
   for (std::size_t number = 1;; ++number) {
     std::string name = pattern;
     name.replace(place, 2, std::to_string(number));
-    // The name of a part that was removed stays taken until the file is written: its entry still holds that
-    // part.
+    // The name of a part that was removed stays taken until the file is written, so that links to the old
+    // part that somebody forgot don't lead to a new one.
     if (!state_->byName.contains(partKey(name)) && !state_->entries.contains(partKey(name))) return name;
   }
 }
 
 void Package::remove(const PartRef& part) {
   if (part->removed_) return;
-  // What the part leads to, directly or not, goes along unless the package still leads to it without that
-  // part.
-  std::set<Part*> leftBehind;
-  std::vector<PartRef> todo{part};
-  while (!todo.empty()) {
-    const PartRef next = todo.back();
-    todo.pop_back();
-    if (!leftBehind.insert(next.get()).second) continue;
-    for (const Relationship& relationship : next->relationships()) {
-      if (PartRef target = next->target(relationship)) todo.push_back(std::move(target));
+  std::unordered_set<Part*> gone;
+  follow({part}, gone);
+  if (gone.size() > 1) {
+    // What the package and the other parts lead to without this one stays.
+    std::vector<PartRef> others;
+    for (const Relationship& relationship : state_->relationships->all()) {
+      if (PartRef target = relationship.external ? nullptr : this->part(relationship.target)) {
+        others.push_back(std::move(target));
+      }
     }
+    std::ranges::copy_if(state_->parts, std::back_inserter(others),
+                         [&](const PartRef& other) { return !gone.contains(other.get()); });
+    std::unordered_set<Part*> reached{part.get()};
+    follow(std::move(others), reached);
+    std::erase_if(gone, [&](Part* one) { return one != part.get() && reached.contains(one); });
   }
-  std::set<Part*> reached{part.get()};
-  for (const Relationship& relationship : state_->relationships->all()) {
-    if (PartRef target = relationship.external ? nullptr : this->part(relationship.target))
-      todo.push_back(target);
-  }
-  while (!todo.empty()) {
-    const PartRef next = todo.back();
-    todo.pop_back();
-    if (!reached.insert(next.get()).second) continue;
-    for (const Relationship& relationship : next->relationships()) {
-      if (PartRef target = next->target(relationship)) todo.push_back(std::move(target));
-    }
-  }
-  reached.erase(part.get());
   std::erase_if(state_->parts, [&](const PartRef& candidate) {
-    if (!leftBehind.contains(candidate.get()) || reached.contains(candidate.get())) return false;
+    if (!gone.contains(candidate.get())) return false;
     candidate->removed_ = true;
     state_->contentTypes->remove(candidate->name());
     state_->byName.erase(partKey(candidate->name()));
@@ -234,63 +259,76 @@ void Package::remove(const PartRef& part) {
 }
 
 bool Package::changed() const {
-  if (state_->partsChanged || state_->contentTypes->changed() || state_->relationships->changed())
+  if (state_->partsChanged || state_->contentTypes->changed() || state_->relationships->changed()) {
     return true;
+  }
   return std::ranges::any_of(state_->parts, [](const PartRef& part) {
     return part->changed_ || (part->relationships_ && part->relationships_->changed());
   });
 }
 
-void Package::save(const std::string& path, bool adopt) {
-  State& state = *state_;
-  ZipWriter writer;
-  std::set<std::string> written;
+/// Puts what the saved file is to hold into the order of the old one, with what is new behind it.
+void Package::State::collect(ZipWriter& writer) const {
+  std::unordered_set<std::string> written;
   const auto put = [&](const std::string& name, bool changed, const auto& text) {
-    if (!written.insert(partKey(name)).second) return;
-    const auto entry = state.entries.find(partKey(name));
-    if (changed || entry == state.entries.end()) {
+    const std::string key = partKey(name);
+    if (!written.insert(key).second) return;
+    if (changed) {
       writer.add(name, text());
     } else {
-      writer.copy(*state.archive, entry->second);
+      writer.copy(*archive, entries.at(key));
     }
-  };
-  const auto putRelationships = [&](const std::string& source, const Relationships* relationships) {
-    const std::string name = Relationships::partName(source);
-    const bool changed = relationships && relationships->changed();
-    if (changed ? relationships->all().empty() : !state.entries.contains(partKey(name))) return;
-    put(name, changed, [&] { return relationships->text(); });
   };
   const auto putPart = [&](const PartRef& part) {
     put(part->name(), part->changed_, [&] { return part->bytes(); });
   };
+  // `stood`: the source is one of the file, and its relationships may be as well.
+  const auto putRelationships = [&](const std::string& source, bool stood, const Relationships* now) {
+    const std::string name = Relationships::partName(source);
+    const bool changed = now && now->changed();
+    const bool any = changed ? !now->all().empty() : stood && entries.contains(partKey(name));
+    if (any) put(name, changed, [&] { return now->text(); });
+  };
+  const auto putRelationshipsOf = [&](const PartRef& part) {
+    putRelationships(part->name(), part->entry_.has_value(), part->relationships_.get());
+  };
 
-  put(ContentTypes::partName, state.contentTypes->changed(), [&] { return state.contentTypes->text(); });
-  // The rest stands in the order of the file, with what is new behind it.
-  if (state.archive) {
-    std::unordered_map<std::string, PartRef> sources;
-    for (const PartRef& part : state.parts)
-      sources.emplace(partKey(Relationships::partName(part->name())), part);
-    for (const ZipEntry& entry : state.archive->entries()) {
-      const std::string key = partKey(entry.name);
-      if (const auto part = state.byName.find(key); part != state.byName.end()) {
-        putPart(part->second);
-      } else if (const auto source = sources.find(key); source != sources.end()) {
-        putRelationships(source->second->name(), source->second->relationships_.get());
-      } else if (key == "_rels/.rels") {
-        putRelationships("", state.relationships.get());
-      }
+  const auto putInPlace = [&](const std::string& name) {
+    const std::string key = partKey(name);
+    if (const auto part = byName.find(key); part != byName.end()) {
+      return putPart(part->second);
     }
-  }
-  putRelationships("", state.relationships.get());
-  for (const PartRef& part : state.parts) {
-    putPart(part);
-    putRelationships(part->name(), part->relationships_.get());
-  }
+    const auto source = Relationships::sourceOf(key);
+    if (!source) return;
+    if (const auto part = byName.find(*source); part != byName.end()) {
+      putRelationshipsOf(part->second);
+    } else if (source->empty()) {
+      putRelationships("", true, relationships.get());
+    } else if (!entries.contains(*source)) {
+      // Relationships of a part that never was: they came with the file and stay.
+      put(name, false, [] { return std::string(); });
+    }
+  };
 
+  put(ContentTypes::partName, contentTypes->changed(), [&] { return contentTypes->text(); });
+  if (archive) {
+    for (const ZipEntry& entry : archive->entries()) putInPlace(entry.name);
+  }
+  putRelationships("", archive != nullptr, relationships.get());
+  for (const PartRef& part : parts) {
+    putPart(part);
+    putRelationshipsOf(part);
+  }
+}
+
+void Package::save(const std::string& path, bool adopt) {
+  State& state = *state_;
+  ZipWriter writer;
+  state.collect(writer);
   std::unique_ptr<ZipArchive> saved;
   try {
     platform::AtomicFile file(path);
-    writer.write(file.temporaryPath());
+    writer.write(file.temporaryPath(), path);
     if (adopt) saved = std::make_unique<ZipArchive>(file.temporaryPath());
     file.commit();
   } catch (const base::Error& error) {

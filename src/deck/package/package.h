@@ -20,8 +20,9 @@ struct Limits {
   std::uint64_t partBytes = 512ull << 20;  ///< one part, inflated
   std::uint64_t xmlBytes = 128ull << 20;   ///< one XML part, inflated
   std::uint64_t totalBytes = 4ull << 30;   ///< all parts, inflated
-  std::uint64_t inflationRatio = 1'000;    ///< inflated to deflated, for parts above 1 MiB
+  std::uint64_t inflationRatio = 1'100;    ///< inflated to deflated, above 1 MiB; a blank bitmap has 1,030
   int xmlDepth = 256;                      ///< nesting of elements
+  std::size_t xmlItems = 16'000'000;       ///< elements and attributes of one part
   std::size_t relationships = 65'536;      ///< of one part
 };
 
@@ -42,13 +43,13 @@ class Package {
   std::vector<std::string> partNames() const;
 
   /// Adds an XML part from its text, or a part of bytes. The content type goes into [Content_Types].xml as an
-  /// override.
+  /// override unless the extension says it already. FormatError where that name is taken.
   PartRef addXml(const std::string& name, const std::string& contentType, std::string_view xml);
   PartRef addBytes(const std::string& name, const std::string& contentType, std::string bytes);
   /// A name that is free: pattern "ppt/slides/slide%d.xml" gives "ppt/slides/slide7.xml".
   std::string freeName(const std::string& pattern) const;
-  /// Takes a part with its relationships out of the package. Parts that only it related to go as well, unless
-  /// something else still relates to them.
+  /// Takes a part with its relationships out of the package. Parts that only it related to, directly or not,
+  /// go as well. Relationships that other parts have to it are theirs to take away.
   void remove(const PartRef& part);
 
   /// Whether anything differs from the file that was opened or last saved.
@@ -70,7 +71,11 @@ class Package {
   Package();
   std::unique_ptr<Relationships> readRelationships(const std::string& source) const;
   std::unique_ptr<pugi::xml_document> parse(const Part& part) const;
-  std::string read(const Part& part) const;
+  std::string readBytes(const Part& part) const;
+  std::string read(const Part& part, std::uint64_t limit) const;
+  bool isStrict() const;
+  /// A relationship's whole type: what is no URI is an Office type of the package's own family.
+  std::string wholeType(std::string_view type) const;
   PartRef add(const std::string& name, const std::string& contentType);
 
   struct State;

@@ -18,11 +18,12 @@ pugi::xml_node Part::root() {
 
 std::string Part::bytes() {
   if (document_ && (changed_ || !entry_)) return xmlText(*document_);
-  return entry_ ? package_.read(*this) : added_;
+  return package_.readBytes(*this);
 }
 
 void Part::bury(pugi::xml_node node) {
   root();
+  // Behind the root, so that only a path from the document itself ("//p:sp") could find what lies there.
   if (!graveyard_) graveyard_ = document_->append_child(graveyardName);
   graveyard_.append_move(node);
   touch();
@@ -61,11 +62,11 @@ PartRef Part::target(const Relationship& relationship) {
 }
 
 std::string Part::relate(const Part& target, std::string_view type) {
-  return ownRelationships().add(type, target.name(), false);
+  return ownRelationships().add(package_.wholeType(type), target.name(), false);
 }
 
 std::string Part::relateExternal(std::string_view uri, std::string_view type) {
-  return ownRelationships().add(type, std::string(uri), true);
+  return ownRelationships().add(package_.wholeType(type), std::string(uri), true);
 }
 
 void Part::unrelate(std::string_view id) { ownRelationships().remove(id); }

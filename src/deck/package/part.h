@@ -38,8 +38,8 @@ class Part {
   /// Whether the part was taken out of its package; its nodes then count as deleted.
   bool removed() const { return removed_; }
 
-  /// Takes a node out of the document without freeing it: objects that still hold it find it buried. Touches
-  /// the part.
+  /// Takes a node out of the tree under root() without freeing it: objects that still hold it find it buried.
+  /// Touches the part. Search from root(), not with paths from the document ("//p:sp"), which would find it.
   void bury(pugi::xml_node node);
   /// Whether a node lies in the graveyard, or the part was removed.
   bool isBuried(pugi::xml_node node) const;

@@ -72,9 +72,26 @@ std::string referenceTo(std::string_view source, std::string_view target) {
   while (common < from.size() && common + 1 < to.size() && from[common] == to[common]) ++common;
   std::string reference;
   for (std::size_t i = common; i < from.size(); ++i) reference += "../";
-  return reference + base::join({to.begin() + static_cast<std::ptrdiff_t>(common), to.end()}, "/");
+  return reference +
+         escapedName(base::join({to.begin() + static_cast<std::ptrdiff_t>(common), to.end()}, "/"));
 }
 
-std::string partKey(std::string_view name) { return base::toLower(name); }
+std::string partKey(std::string_view name) {
+  return base::toLower(name.find('%') == std::string_view::npos ? name : unescaped(name));
+}
+
+std::string escapedName(std::string_view name) {
+  constexpr std::string_view hexDigits = "0123456789ABCDEF";
+  std::string escaped;
+  for (const char c : name) {
+    if (std::string_view(" \"#<>?[]^`{|}").find(c) == std::string_view::npos) {
+      escaped += c;
+    } else {
+      const auto code = static_cast<unsigned char>(c);
+      escaped += {'%', hexDigits[code >> 4], hexDigits[code & 15]};
+    }
+  }
+  return escaped;
+}
 
 }  // namespace vellumark::deck

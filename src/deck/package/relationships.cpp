@@ -12,9 +12,7 @@ namespace {
 constexpr std::string_view noRelationships =
     R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
     R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships"/>)";
-constexpr std::string_view officeTypes =
-    "http://schemas.openxmlformats.org/officeDocument/2006/relationships/";
-constexpr int depth = 8;
+constexpr XmlLimits limits = {.depth = 8};
 
 bool isRelationship(pugi::xml_node node) {
   const std::string_view name = node.name();
@@ -30,7 +28,7 @@ bool Relationship::is(std::string_view name) const {
 Relationships::Relationships(std::string source) : Relationships(std::move(source), noRelationships, 0) {}
 
 Relationships::Relationships(std::string source, std::string_view xml, std::size_t most)
-    : source_(std::move(source)), document_(parseXml(partName(source_), xml, depth)) {
+    : source_(std::move(source)), document_(parseXml(partName(source_), xml, limits)) {
   for (pugi::xml_node node : document_->document_element().children()) {
     if (!isRelationship(node)) continue;
     if (all_.size() == most) {
@@ -46,12 +44,9 @@ Relationships::Relationships(std::string source, std::string_view xml, std::size
 
 std::string Relationships::text() const { return xmlText(*document_); }
 
-std::string Relationships::add(std::string_view type, const std::string& target, bool external) {
-  const std::string whole = type.find(':') == std::string_view::npos
-                                ? std::string(officeTypes) + std::string(type)
-                                : std::string(type);
+std::string Relationships::add(const std::string& type, const std::string& target, bool external) {
   const auto same = std::ranges::find_if(all_, [&](const Relationship& one) {
-    return one.type == whole && one.external == external &&
+    return one.type == type && one.external == external &&
            (external ? one.target == target : partKey(one.target) == partKey(target));
   });
   if (same != all_.end()) return same->id;
@@ -65,10 +60,10 @@ std::string Relationships::add(std::string_view type, const std::string& target,
   const std::string name = root.name();
   pugi::xml_node node = root.append_child((name.substr(0, name.rfind(':') + 1) + "Relationship").c_str());
   node.append_attribute("Id").set_value(id.c_str());
-  node.append_attribute("Type").set_value(whole.c_str());
+  node.append_attribute("Type").set_value(type.c_str());
   node.append_attribute("Target").set_value((external ? target : referenceTo(source_, target)).c_str());
   if (external) node.append_attribute("TargetMode").set_value("External");
-  all_.push_back({id, whole, target, external});
+  all_.push_back({id, type, target, external});
   changed_ = true;
   return id;
 }
@@ -91,6 +86,18 @@ std::string Relationships::partName(std::string_view source) {
   const std::string folder(slash == std::string_view::npos ? std::string_view{}
                                                            : source.substr(0, slash + 1));
   return folder + "_rels/" + std::string(source.substr(folder.size())) + ".rels";
+}
+
+std::optional<std::string> Relationships::sourceOf(std::string_view partName) {
+  constexpr std::string_view folder = "_rels/";
+  constexpr std::string_view extension = ".rels";
+  const std::string key = partKey(partName);
+  const std::size_t slash = key.rfind('/');
+  const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
+  if (!key.ends_with(extension) || !std::string_view(key).substr(0, start).ends_with(folder)) return {};
+  const std::size_t above = start - folder.size();
+  if (above > 0 && key[above - 1] != '/') return {};
+  return key.substr(0, above) + key.substr(start, key.size() - start - extension.size());
 }
 
 }  // namespace vellumark::deck

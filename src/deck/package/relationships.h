@@ -2,6 +2,7 @@
 // The relationships of one part, or of the package itself.
 
 #include <memory>
+#include <optional>
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
@@ -35,12 +36,15 @@ class Relationships {
   void unchanged() { changed_ = false; }
   std::string text() const;
 
-  /// Adds a relationship, or finds the one to that target of that type; its id.
-  std::string add(std::string_view type, const std::string& target, bool external);
+  /// Adds a relationship, or finds the one to that target of that type, a whole URI; its id.
+  std::string add(const std::string& type, const std::string& target, bool external);
   void remove(std::string_view id);
 
   /// "ppt/_rels/presentation.xml.rels" of "ppt/presentation.xml", "_rels/.rels" of the package ("").
   static std::string partName(std::string_view source);
+  /// The way back, in the form of partKey(): the source whose relationships a part of that name holds;
+  /// nothing where it is no .rels part.
+  static std::optional<std::string> sourceOf(std::string_view partName);
 
  private:
   std::string source_;

@@ -1,5 +1,6 @@
 #include "deck/package/xml_text.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace vellumark::deck {
@@ -7,17 +8,18 @@ namespace {
 
 /// The line of an offset, for messages.
 std::string lineOf(std::string_view bytes, std::ptrdiff_t offset) {
-  std::size_t line = 1;
-  for (std::size_t i = 0; i < bytes.size() && static_cast<std::ptrdiff_t>(i) < offset; ++i)
-    line += bytes[i] == '\n';
-  return " (line " + std::to_string(line) + ", byte " + std::to_string(offset) + ")";
+  const auto before = bytes.substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)));
+  return " (line " + std::to_string(std::ranges::count(before, '\n') + 1) + ", byte " +
+         std::to_string(before.size()) + ")";
 }
 
+/// Walks without recursion, which is what the limit is there to protect.
 bool deeperThan(pugi::xml_node root, int limit) {
   int depth = 1;
   for (pugi::xml_node node = root; node;) {
+    if (node.type() == pugi::node_element && depth > limit) return true;
     if (pugi::xml_node child = node.first_child()) {
-      if (++depth > limit) return true;
+      ++depth;
       node = child;
       continue;
     }
@@ -47,7 +49,13 @@ struct Text : pugi::xml_writer {
 
 }  // namespace
 
-std::unique_ptr<pugi::xml_document> parseXml(const std::string& part, std::string_view bytes, int depth) {
+std::unique_ptr<pugi::xml_document> parseXml(const std::string& part, std::string_view bytes,
+                                             const XmlLimits& limits) {
+  // A tree takes far more memory than its text. Every element brings a "<", every attribute a "=".
+  const auto items = std::ranges::count_if(bytes, [](char c) { return c == '<' || c == '='; });
+  if (static_cast<std::size_t>(items) > limits.items) {
+    throw FormatError(part, "has more than " + std::to_string(limits.items) + " elements and attributes");
+  }
   auto document = std::make_unique<pugi::xml_document>();
   constexpr unsigned flags = pugi::parse_full | pugi::parse_ws_pcdata;
   const pugi::xml_parse_result result = document->load_buffer(bytes.data(), bytes.size(), flags);
@@ -57,14 +65,16 @@ std::unique_ptr<pugi::xml_document> parseXml(const std::string& part, std::strin
   }
   int roots = 0;
   for (pugi::xml_node node : document->children()) {
-    if (node.type() == pugi::node_doctype)
+    if (node.type() == pugi::node_doctype) {
       throw FormatError(part, "has a document type, which no Office file may have");
+    }
     roots += node.type() == pugi::node_element;
   }
-  if (roots != 1)
+  if (roots != 1) {
     throw FormatError(part, "is not well-formed XML: it has " + std::to_string(roots) + " root elements");
-  if (deeperThan(document->document_element(), depth)) {
-    throw FormatError(part, "is nested deeper than " + std::to_string(depth) + " elements");
+  }
+  if (deeperThan(document->document_element(), limits.depth)) {
+    throw FormatError(part, "is nested deeper than " + std::to_string(limits.depth) + " elements");
   }
   if (pugi::xml_node declaration = document->first_child(); declaration.type() == pugi::node_declaration) {
     if (pugi::xml_attribute encoding = declaration.attribute("encoding")) encoding.set_value("UTF-8");

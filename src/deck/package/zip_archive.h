@@ -2,7 +2,6 @@
 // The zip file under a package: reading entries, and writing a new file with raw copies of what stays.
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -29,7 +28,7 @@ class ZipArchive {
 
   const std::vector<ZipEntry>& entries() const { return entries_; }
   /// The inflated bytes of an entry, its checksum verified; FormatError naming the entry where it is damaged,
-  /// encrypted or longer than `limit`.
+  /// or longer than `limit` or than the directory declares.
   std::string read(std::size_t entry, std::uint64_t limit) const;
 
  private:
@@ -49,8 +48,9 @@ class ZipWriter {
   void add(std::string name, std::string bytes) {
     items_.push_back(Added{std::move(name), std::move(bytes)});
   }
-  /// Writes the file; FormatError with the reason where that fails, and nothing is left behind.
-  void write(const std::string& path) const;
+  /// Writes the file. FormatError where that fails: with the name of a copied entry that turns out to be
+  /// damaged, otherwise with the reason and `target`, the name under which the user knows the file.
+  void write(const std::string& path, const std::string& target) const;
 
  private:
   struct Copied {
@@ -61,6 +61,10 @@ class ZipWriter {
     std::string name;
     std::string bytes;
   };
+  struct Output;
+  static void put(Output& output, const Copied& item);
+  static void put(Output& output, const Added& item);
+
   std::vector<std::variant<Copied, Added>> items_;
 };
 

@@ -1,10 +1,12 @@
-// A save that is killed at any moment leaves the old file or the new file.
+// A save that is killed at any moment, or runs out of space, leaves the old file or the new file.
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <random>
 
 #include "deck/package/package.h"
@@ -52,6 +54,37 @@ TEST(AtomicSave, SurvivesBeingKilled) {
     ASSERT_TRUE(WIFSIGNALED(status)) << "the saving itself failed";
     ASSERT_EQ(test::packageFaults(test::readZipFile(path)), std::vector<std::string>{}) << "round " << round;
   }
+}
+
+// A limit on the size of files stands for a disk that is full.
+TEST(AtomicSave, AFullDiskLosesNothing) {
+  test::TempFolder folder;
+  const std::string path = folder.path("deck.pptx");
+  test::DeckBuilder deck;
+  deck.slide("blank").shape("rect", 0, 0, 50, 50);
+  deck.save(path);
+  const std::string before = test::readFile(path);
+  const pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{4096, 4096};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    try {
+      const auto package = Package::open(path);
+      package->part("ppt/slides/slide1.xml")->touch();
+      package->save(path);
+      _exit(1);
+    } catch (const FormatError& error) {
+      _exit(error.where() == path ? 0 : 2);
+    }
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
+  EXPECT_EQ(test::readFile(path), before);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.root()), {}), 1)
+      << "something is left behind";
 }
 
 }  // namespace

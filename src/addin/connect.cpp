@@ -1,0 +1,175 @@
+#include "addin/connect.h"
+
+#include <utility>
+
+#include "base/conversions.h"
+#include "base/text.h"
+#include "commands/ppt_controls.h"
+#include "commands/ppt_events.h"
+#include "commands/ribbon_callbacks.h"
+#include "core/config.h"
+#include "core/failure.h"
+#include "core/globals.h"
+#include "core/registry.h"
+#include "library/configuration.h"
+#include "platform/ansi.h"
+#include "platform/instance_mutex.h"
+#include "platform/paths.h"
+#include "platform/random.h"
+#include "services/icons.h"
+#include "services/languages.h"
+#include "tools/trimline_tools.h"
+
+namespace vellumark::addin {
+
+using core::globals;
+using core::trap;
+
+Connect::Connect(std::string addInFolder) : addInFolder_(std::move(addInFolder)) {
+  core::installFailureRoute();
+}
+
+Connect::~Connect() {
+  if (applicationEvents_) base::resumeNext([&] { IDTExtensibility2_OnDisconnection({}, {}); });
+}
+
+void Connect::IDTExtensibility2_OnConnection(const host::Application& application, std::int32_t,
+                                             const host::COMAddIn& addInInst, std::span<const host::Value>) {
+  trap("Connect, IDTExtensibility2_OnConnection", [&] {
+    globals().hostMutex = std::make_unique<platform::InstanceMutex>(core::productTitle);
+    if (application.isApplication()) start(application, addInInst);
+  });
+}
+
+void Connect::start(const host::Application& application, const host::COMAddIn& addInInst) {
+  core::Globals& g = globals();
+  platform::randomize();
+  g.addInInstance = addInInst;
+  g.styleNames.clear();
+  g.styleFolders.clear();
+  g.copyrightNotices.clear();
+  setFolders();
+  g.powerPointApp = application;
+  g.hostVersion = application.Version();
+
+  applicationEvents_ = std::make_unique<commands::pptEvents>();
+  g.applicationEvents = applicationEvents_.get();
+  applicationEvents_->PowerPointApp(application);
+  if (core::isHostVersion(host::toolbarHosts)) {
+    toolbarControls_ = std::make_unique<commands::pptControls>();
+    g.toolbarControls = toolbarControls_.get();
+    toolbarControls_->PowerPointApp(application);
+  }
+  tools_ = std::make_unique<tools::TrimlineTools>();
+  g.tools = tools_.get();
+
+  g.screenSaverOff = base::toBool(core::getRegistry("screenSaverOff", "", "0"));
+  services::initializeLanguages();
+  if (core::isHostVersion(host::toolbarHosts)) {
+    toolbarControls_->CreateControls();
+    applicationEvents_->toggleOff();
+  }
+}
+
+/// The add-in's own folder lies directly below the root of the installation. The user's own configuration, if
+/// there is one, replaces the delivered one as a whole.
+void Connect::setFolders() {
+  core::Globals& g = globals();
+  g.rootFolder = addInFolder_.substr(0, addInFolder_.rfind('\\') + 1);
+  g.userFolder = g.rootFolder + "user\\";
+  g.myElementsFolder = g.userFolder + "myelements\\";
+  g.configFolder =
+      platform::fileExists(g.userFolder + "menu.xml") ? g.userFolder : g.rootFolder + "customization\\";
+  g.iconsFolder = g.configFolder + "icons\\";
+  g.stylesFolder = g.configFolder + "styles\\";
+  g.thumbsFolder = g.stylesFolder + "thumbs\\";
+  g.programFolder = g.rootFolder + "program\\";
+  g.uiFolder = g.programFolder + "ui\\";
+}
+
+void Connect::IDTExtensibility2_OnDisconnection(std::int32_t, std::span<const host::Value>) {
+  trap("Connect, IDTExtensibility2_OnDisconnection", [&] {
+    if (globals().powerPointApp) release();
+    // What else the connection filled goes with it; the mark for other programs goes last.
+    const auto mutex = std::move(globals().hostMutex);
+    globals() = core::Globals{};
+  });
+}
+
+/// Each step tests what it clears: the connection may have ended half-way.
+void Connect::release() {
+  core::Globals& g = globals();
+  killSlideExtracts();
+  g.powerPointApp = {};
+  if (applicationEvents_) applicationEvents_->PowerPointApp({});
+  g.applicationEvents = nullptr;
+  applicationEvents_.reset();
+  if (toolbarControls_) {
+    toolbarControls_->DeleteControls();
+    toolbarControls_->PowerPointApp({});
+    g.toolbarControls = nullptr;
+    toolbarControls_.reset();
+  }
+  g.tools = nullptr;
+  tools_.reset();
+  services::unloadIcons();
+}
+
+/// Deletes the temporary presentations that e-mailing left behind, because a mail program might still have
+/// been reading them. A file that can't be deleted ends the loop and leaves the whole list to the next time.
+void Connect::killSlideExtracts() {
+  trap("Connect, killSlideExtracts", [] {
+    std::string extracts = core::getRegistry("slideExtracts", "", "");
+    if (extracts.empty()) return;
+    extracts.pop_back();  // each name is followed by a ";"
+    for (const std::string& file : base::split(extracts, ';')) {
+      if (platform::fileExists(file)) platform::deleteFile(file);
+    }
+    core::setRegistry("slideExtracts", "", "");
+  });
+}
+
+void Connect::IDTExtensibility2_OnAddInsUpdate(std::span<const host::Value>) {
+  trap("Connect, IDTExtensibility2_OnAddInsUpdate", [] {});
+}
+
+void Connect::IDTExtensibility2_OnStartupComplete(std::span<const host::Value>) {
+  trap("Connect, IDTExtensibility2_OnStartupComplete", [] {});
+}
+
+void Connect::IDTExtensibility2_OnBeginShutdown(std::span<const host::Value>) {
+  trap("Connect, IDTExtensibility2_OnBeginShutdown", [] {});
+}
+
+std::string Connect::IRibbonExtensibility_GetCustomUI(const std::string&) {
+  return platform::fromAnsi(platform::readFile(globals().uiFolder + "zorpUI.xml"));
+}
+
+void Connect::onLoad(const host::IRibbonUI& ribbon) {
+  thumbnails_.width = base::toInt16(core::getRegistry("thumbsWidth", "", "160"));
+  thumbnails_.height = base::toInt16(core::getRegistry("thumbsHeight", "", "120"));
+  thumbnails_.slideWizardDate = base::val(core::getRegistry("thumbsDate_slideWizard", "", "0"));
+  thumbnails_.myElementsDate = base::val(core::getRegistry("thumbsDate_myElements", "", "0"));
+  globals().ribbonUI = ribbon;
+  library::loadConfiguration(library::Surface::ribbon);
+}
+
+void Connect::onAction(const host::IRibbonControl& control) { commands::onAction(control); }
+
+void Connect::onActionTB(const host::IRibbonControl& control, bool pressed) {
+  commands::onActionTB(control, pressed);
+}
+
+void Connect::copyright_onAction(const host::IRibbonControl& control) {
+  commands::copyright_onAction(control);
+}
+
+bool Connect::getEnabled(const host::IRibbonControl& control) { return commands::getEnabled(control); }
+
+bool Connect::getVisible(const host::IRibbonControl& control) { return commands::getVisible(control); }
+
+std::string Connect::getLabel(const host::IRibbonControl& control) { return commands::getLabel(control); }
+
+bool Connect::getPressed(const host::IRibbonControl& control) { return commands::getPressed(control); }
+
+}  // namespace vellumark::addin

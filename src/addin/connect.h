@@ -1,0 +1,82 @@
+#pragma once
+// The one entry object of the add-in.
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
+#include "host/application.h"
+#include "host/ribbon.h"
+
+namespace vellumark::commands {
+class pptControls;
+class pptEvents;
+}  // namespace vellumark::commands
+namespace vellumark::tools {
+class TrimlineTools;
+}
+
+namespace vellumark::addin {
+
+/// What galleries of thumbnails go by, as read from the settings when the ribbon was loaded.
+struct ThumbnailSettings {
+  std::int16_t width = 0;  ///< pixels
+  std::int16_t height = 0;
+  double slideWizardDate = 0;  ///< when each kind of thumbnails was last made, as serial date
+  double myElementsDate = 0;
+};
+
+/// Builds everything up when the host connects the add-in and releases it in reverse when the host lets go,
+/// and passes the ribbon's callbacks on. The host calls the members under these names. Only the connection
+/// events have error traps: a failure in what the ribbon calls goes to the host.
+class Connect {
+ public:
+  /// `addInFolder` is the folder of the add-in's own file, in the logic's form ("C:\Vellumark\addin").
+  explicit Connect(std::string addInFolder);
+  /// Disconnects, if the host didn't.
+  ~Connect();
+  Connect(const Connect&) = delete;
+  Connect& operator=(const Connect&) = delete;
+
+  // The host's add-in interface. Connect mode, remove mode and custom arguments are not looked at.
+
+  /// Starts the add-in; an application other than PowerPoint is left alone.
+  void IDTExtensibility2_OnConnection(const host::Application& application, std::int32_t connectMode,
+                                      const host::COMAddIn& addInInst, std::span<const host::Value> custom);
+  void IDTExtensibility2_OnDisconnection(std::int32_t removeMode, std::span<const host::Value> custom);
+  void IDTExtensibility2_OnAddInsUpdate(std::span<const host::Value> custom);
+  void IDTExtensibility2_OnStartupComplete(std::span<const host::Value> custom);
+  void IDTExtensibility2_OnBeginShutdown(std::span<const host::Value> custom);
+
+  /// The definition of the ribbon: one for every kind of host window. 53 or 76 where its file is missing.
+  std::string IRibbonExtensibility_GetCustomUI(const std::string& ribbonId);
+
+  // Callbacks that the definition names.
+
+  /// The ribbon was loaded: finishes the start with the Slide Wizard configuration and My Elements.
+  void onLoad(const host::IRibbonUI& ribbon);
+  void onAction(const host::IRibbonControl& control);
+  void onActionTB(const host::IRibbonControl& control, bool pressed);
+  void copyright_onAction(const host::IRibbonControl& control);
+  bool getEnabled(const host::IRibbonControl& control);
+  bool getVisible(const host::IRibbonControl& control);
+  std::string getLabel(const host::IRibbonControl& control);
+  bool getPressed(const host::IRibbonControl& control);
+
+  const ThumbnailSettings& thumbnails() const { return thumbnails_; }
+
+ private:
+  void setFolders();
+  void start(const host::Application& application, const host::COMAddIn& addInInst);
+  void release();
+  void killSlideExtracts();
+
+  std::string addInFolder_;
+  std::unique_ptr<commands::pptEvents> applicationEvents_;
+  std::unique_ptr<commands::pptControls> toolbarControls_;  ///< only on hosts before the ribbon
+  std::unique_ptr<tools::TrimlineTools> tools_;
+  ThumbnailSettings thumbnails_;
+};
+
+}  // namespace vellumark::addin

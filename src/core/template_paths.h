@@ -1,0 +1,20 @@
+#pragma once
+// Where the templates of a style lie.
+
+#include <cstdint>
+#include <string>
+
+namespace vellumark::core {
+
+/// A template of the current style as ribbon galleries and thumbnails find it: the style's name serves as the
+/// name of its folder.
+std::string ribbonTemplatePath(const std::string& file);
+
+/// A template as the toolbars find it, by the style's folder.
+std::string toolbarTemplatePath(const std::string& styleFolder, const std::string& file);
+
+/// The agenda template of the style at that position of the list, from 1, by the style's folder on every
+/// host; 9 outside the list.
+std::string agendaTemplatePath(std::int32_t stylePosition);
+
+}  // namespace vellumark::core

@@ -1,0 +1,80 @@
+#include "core/xml.h"
+
+#include <string_view>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "platform/ansi.h"
+#include "platform/paths.h"
+
+namespace vellumark::core {
+namespace {
+
+/// Whether a document of single bytes declares the ANSI code page as its encoding, which the parser doesn't
+/// know.
+bool declaresAnsi(std::string_view bytes) {
+  if (!bytes.starts_with("<?xml")) return false;
+  const std::string declaration = base::toLower(bytes.substr(0, bytes.find("?>")));
+  return declaration.find("windows-1252") != std::string::npos;
+}
+
+bool hasOneRoot(const pugi::xml_document& document) {
+  const pugi::xml_node root = document.document_element();
+  if (!root) return false;
+  for (pugi::xml_node next = root.next_sibling(); next; next = next.next_sibling()) {
+    if (next.type() == pugi::node_element) return false;
+  }
+  return true;
+}
+
+bool parse(pugi::xml_document& document, const std::string& path) {
+  std::string bytes;
+  try {
+    bytes = platform::readFile(path);
+  } catch (const base::Error&) {
+    return false;
+  }
+  const bool ansi = declaresAnsi(bytes);
+  if (ansi) bytes = platform::fromAnsi(bytes);
+  const auto encoding = ansi ? pugi::encoding_utf8 : pugi::encoding_auto;
+  return document.load_buffer(bytes.data(), bytes.size(), pugi::parse_default, encoding) &&
+         hasOneRoot(document);
+}
+
+/// Runs a query, whose faults the library raises as exceptions of its own.
+template <typename Query>
+auto guarded(const std::string& expression, Query&& query) {
+  try {
+    return query();
+  } catch (const pugi::xpath_exception& fault) {
+    base::raise(base::errors::unspecific, std::string(fault.what()) + ": " + expression);
+  }
+}
+
+}  // namespace
+
+bool loadXml(pugi::xml_document& document, const std::string& path) {
+  if (parse(document, path)) return true;
+  document.reset();
+  return false;
+}
+
+pugi::xpath_node_set selectNodes(const pugi::xml_node& context, const std::string& expression) {
+  return guarded(expression, [&] {
+    pugi::xpath_node_set nodes = context.select_nodes(expression.c_str());
+    nodes.sort();
+    return nodes;
+  });
+}
+
+pugi::xpath_node selectSingleNode(const pugi::xml_node& context, const std::string& expression) {
+  return guarded(expression, [&] { return context.select_node(expression.c_str()); });
+}
+
+std::string attributeText(const pugi::xml_node& node, const char* name) {
+  const pugi::xml_attribute attribute = node.attribute(name);
+  if (!attribute) base::raise(base::errors::objectNotSet);
+  return attribute.value();
+}
+
+}  // namespace vellumark::core

@@ -1,0 +1,22 @@
+#pragma once
+// XML files and queries as the whole add-in uses them.
+
+#include <pugixml.hpp>
+#include <string>
+
+namespace vellumark::core {
+
+/// Loads a file into `document`. False, and the document is empty, where the file can't be read or is no
+/// well-formed document. Its encoding is that of its byte order mark or declaration (UTF-8, UTF-16,
+/// ISO-8859-1, Windows-1252), otherwise UTF-8.
+bool loadXml(pugi::xml_document& document, const std::string& path);
+
+/// The nodes of an XPath expression, in document order; -2147467259 where it is malformed.
+pugi::xpath_node_set selectNodes(const pugi::xml_node& context, const std::string& expression);
+/// The first of them, or nothing.
+pugi::xpath_node selectSingleNode(const pugi::xml_node& context, const std::string& expression);
+
+/// The text of an attribute; 91 where it is missing.
+std::string attributeText(const pugi::xml_node& node, const char* name);
+
+}  // namespace vellumark::core

@@ -1,0 +1,67 @@
+#include "deck/model/shape_geometry.h"
+
+#include <string>
+
+#include "base/error.h"
+#include "deck/model/autoshape_types.h"
+#include "deck/model/placeholder.h"
+#include "deck/model/shape_node.h"
+#include "deck/model/xml_order.h"
+#include "host/constants.h"
+
+namespace vellumark::deck {
+
+using pugi::xml_node;
+
+ShapeGeometry shapeGeometry(const ShapeKey& shape) {
+  const ShapeElement element = shapeElement(shape.node);
+  if (element != ShapeElement::shape && element != ShapeElement::picture &&
+      element != ShapeElement::connector) {
+    return {};
+  }
+  const xml_node properties = visualProperties(shape.node);
+  if (const xml_node preset = properties.child("a:prstGeom")) {
+    return {preset.attribute("prst").as_string("rect"), preset.child("a:avLst")};
+  }
+  if (properties.child("a:custGeom")) return {.preset = {}, .guides = {}, .freeform = true};
+  if (const ShapeKey model = inheritedPlaceholder(shape); model.node) {
+    if (ShapeGeometry inherited = shapeGeometry(model); !inherited.preset.empty() || inherited.freeform) {
+      return inherited;
+    }
+  }
+  return {element == ShapeElement::connector ? "line" : "rect", {}};
+}
+
+std::int32_t autoShapeTypeOf(const ShapeKey& shape) {
+  if (shapeElement(shape.node) == ShapeElement::connector) return host::msoShapeMixed;
+  const ShapeGeometry geometry = shapeGeometry(shape);
+  return geometry.freeform ? host::msoShapeNotPrimitive : autoShapeType(geometry.preset);
+}
+
+void setAutoShapeType(const ShapeKey& shape, std::int32_t type) {
+  const ShapeElement element = shapeElement(shape.node);
+  const std::string_view preset = presetOf(type);
+  if ((element != ShapeElement::shape && element != ShapeElement::picture) || preset.empty()) {
+    base::raise(base::errors::outOfRange);
+  }
+  const ShapeGeometry before = shapeGeometry(shape);
+  if (before.preset == preset) return;
+  xml_node geometry = requirePreset(shape, preset);
+  childInOrder(geometry, "a:avLst", {}).remove_children();
+  shape.sheet.touch();
+}
+
+xml_node requirePreset(const ShapeKey& shape, std::string_view preset) {
+  const std::string name(preset);
+  xml_node properties = requireVisualProperties(shape.node);
+  while (properties.remove_child("a:custGeom")) {
+  }
+  xml_node geometry =
+      childInOrder(properties, "a:prstGeom",
+                   {"a:noFill", "a:solidFill", "a:gradFill", "a:blipFill", "a:pattFill", "a:grpFill", "a:ln",
+                    "a:effectLst", "a:effectDag", "a:scene3d", "a:sp3d", "a:extLst"});
+  setAttribute(geometry, "prst", name.c_str());
+  return geometry;
+}
+
+}  // namespace vellumark::deck

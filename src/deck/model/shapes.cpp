@@ -1,0 +1,195 @@
+// Collections of shapes: all of a sheet, its placeholders, the members of a group.
+
+#include "deck/model/shapes.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "base/text.h"
+#include "deck/model/member_table.h"
+#include "deck/model/objects.h"
+#include "deck/model/placeholder.h"
+#include "deck/model/shape_creation.h"
+#include "deck/model/shape_node.h"
+#include "host/constants.h"
+
+namespace vellumark::deck {
+namespace {
+
+constexpr std::int32_t titleTypes[] = {1, 3, 5};
+
+bool isTitle(pugi::xml_node shape) {
+  const pugi::xml_node element = placeholderElement(shape);
+  return element && std::ranges::find(titleTypes, placeholderType(element)) != std::end(titleTypes);
+}
+
+std::string_view nameOf(pugi::xml_node shape) { return drawingProperties(shape).attribute("name").value(); }
+
+/// The shape that an index from 1 or a name means. Names match exactly, or else in any case.
+pugi::xml_node find(const std::vector<pugi::xml_node>& shapes, const Value& which, const char* collection) {
+  if (!which.isString()) return shapes[collectionIndex(which.toInt(), shapes.size())];
+  const std::string wanted = which.toString();
+  auto found = std::ranges::find(shapes, wanted, nameOf);
+  if (found == shapes.end()) {
+    found = std::ranges::find_if(
+        shapes, [&](pugi::xml_node shape) { return base::equalsIgnoreCase(nameOf(shape), wanted); });
+  }
+  if (found == shapes.end()) {
+    base::raise(base::errors::outOfRange,
+                "Item " + wanted + " not found in the " + collection + " collection.");
+  }
+  return *found;
+}
+
+std::vector<ShapeKey> keys(const Sheet& sheet, const std::vector<pugi::xml_node>& nodes) {
+  std::vector<ShapeKey> keys;
+  keys.reserve(nodes.size());
+  for (const pugi::xml_node node : nodes) keys.push_back({sheet, node});
+  return keys;
+}
+
+/// Members that all collections of shapes have. T tells its shapes by `nodes()`.
+template <typename T>
+class ShapeCollection : public ModelObject<T> {
+ public:
+  ShapeCollection(HostRef host, Sheet sheet) : ModelObject<T>(std::move(host)), sheet_(std::move(sheet)) {}
+  void requireAlive() const {
+    if (sheet_.document->closed() || sheet_.part->removed()) base::raise(base::errors::invalidRequest);
+  }
+
+  std::int32_t count() { return static_cast<std::int32_t>(self().nodes().size()); }
+  host::ObjectRef item(Arguments arguments) {
+    return makeShape(this->host(), {sheet_, find(self().nodes(), arguments[0], T::className)});
+  }
+  /// The shapes that indexes and names mean, in that order; all without an argument.
+  host::ObjectRef range(Arguments arguments) {
+    const std::vector<pugi::xml_node> all = self().nodes();
+    if (!argument(arguments, 0)) return makeShapeRange(this->host(), keys(sheet_, all));
+    std::vector<pugi::xml_node> chosen;
+    for (const Value& which : arguments) chosen.push_back(find(all, which, T::className));
+    return makeShapeRange(this->host(), keys(sheet_, chosen));
+  }
+
+ protected:
+  static constexpr std::size_t mostOfRange = 255;
+  const Sheet& sheet() const { return sheet_; }
+
+ private:
+  T& self() { return static_cast<T&>(*this); }
+  Sheet sheet_;
+};
+
+class PlaceholdersObject : public ShapeCollection<PlaceholdersObject> {
+ public:
+  static constexpr const char* className = "Placeholders";
+  static const MemberTable<PlaceholdersObject>& members() {
+    static const MemberTable<PlaceholdersObject> table{
+        property<&PlaceholdersObject::count, PlaceholdersObject>(member::Count),
+        method<&PlaceholdersObject::item, PlaceholdersObject>(member::Item, 1),
+    };
+    return table;
+  }
+  using ShapeCollection::ShapeCollection;
+
+  /// The title first, the others from back to front.
+  std::vector<pugi::xml_node> nodes() {
+    std::vector<pugi::xml_node> found = shapeNodes(sheet().shapeTree());
+    std::erase_if(found, [](pugi::xml_node shape) { return !placeholderElement(shape); });
+    std::ranges::stable_partition(found, isTitle);
+    return found;
+  }
+};
+
+class GroupShapesObject : public ShapeCollection<GroupShapesObject> {
+ public:
+  static constexpr const char* className = "GroupShapes";
+  static const MemberTable<GroupShapesObject>& members() {
+    static const MemberTable<GroupShapesObject> table{
+        property<&GroupShapesObject::count, GroupShapesObject>(member::Count),
+        method<&GroupShapesObject::item, GroupShapesObject>(member::Item, 1),
+        method<&GroupShapesObject::range, GroupShapesObject>(member::Range, 0, mostOfRange),
+    };
+    return table;
+  }
+  GroupShapesObject(HostRef host, const ShapeKey& group)
+      : ShapeCollection(std::move(host), group.sheet), group_(group) {}
+  void requireAlive() const {
+    if (group_.deleted()) base::raise(base::errors::invalidRequest);
+  }
+
+  std::vector<pugi::xml_node> nodes() {
+    std::vector<pugi::xml_node> leaves;
+    appendLeaves(group_.node, leaves);
+    return leaves;
+  }
+
+ private:
+  ShapeKey group_;
+};
+
+class ShapesObject : public ShapeCollection<ShapesObject> {
+ public:
+  static constexpr const char* className = "Shapes";
+  static const MemberTable<ShapesObject>& members() {
+    static const MemberTable<ShapesObject> table{
+        property<&ShapesObject::count, ShapesObject>(member::Count),
+        method<&ShapesObject::item, ShapesObject>(member::Item, 1),
+        method<&ShapesObject::range, ShapesObject>(member::Range, 0, mostOfRange),
+        method<&ShapesObject::addShape>(member::AddShape, 5),
+        method<&ShapesObject::addTextBox>(member::AddTextbox, 3, 5),
+        property<&ShapesObject::placeholders>(member::Placeholders),
+        property<&ShapesObject::hasTitle>(member::HasTitle),
+        property<&ShapesObject::title>(member::Title),
+        property<&ShapesObject::parent>(member::Parent),
+    };
+    return table;
+  }
+  using ShapeCollection::ShapeCollection;
+
+  std::vector<pugi::xml_node> nodes() { return shapeNodes(sheet().shapeTree()); }
+
+  host::ObjectRef addShape(Arguments arguments) {
+    return makeShape(host(), addAutoShape(sheet(), arguments[0].toInt(), frame(arguments)));
+  }
+  host::ObjectRef addTextBox(Arguments arguments) {
+    return makeShape(host(), deck::addTextBox(sheet(), arguments[0].toInt(), frame(arguments)));
+  }
+  host::ObjectRef placeholders() { return std::make_shared<PlaceholdersObject>(host(), sheet()); }
+  std::int32_t hasTitle() { return titleNode() ? host::msoTrue : host::msoFalse; }
+  host::ObjectRef title() {
+    const pugi::xml_node found = titleNode();
+    if (!found) {
+      base::raise(base::errors::invalidRequest, "Shapes.Title: Invalid request. The slide has no title.");
+    }
+    return makeShape(host(), {sheet(), found});
+  }
+  host::ObjectRef parent() { return makeSlide(host(), sheet()); }
+
+ private:
+  /// Left, top, width and height behind the first argument; a size that is left out is an inch.
+  static NewFrame frame(Arguments arguments) {
+    constexpr float usual = 72;
+    return {arguments[1].toFloat(), arguments[2].toFloat(), argumentOr(arguments, 3, usual),
+            argumentOr(arguments, 4, usual)};
+  }
+  pugi::xml_node titleNode() {
+    const std::vector<pugi::xml_node> all = nodes();
+    const auto found = std::ranges::find_if(all, isTitle);
+    return found != all.end() ? *found : pugi::xml_node();
+  }
+};
+
+}  // namespace
+
+std::vector<ShapeKey> shapesOf(const Sheet& sheet) { return keys(sheet, shapeNodes(sheet.shapeTree())); }
+
+host::ObjectRef makeShapes(const HostRef& host, const Sheet& sheet) {
+  return std::make_shared<ShapesObject>(host, sheet);
+}
+
+host::ObjectRef makeGroupShapes(const HostRef& host, const ShapeKey& group) {
+  return std::make_shared<GroupShapesObject>(host, group);
+}
+
+}  // namespace vellumark::deck

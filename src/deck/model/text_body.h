@@ -1,0 +1,73 @@
+#pragma once
+// The text of a shape as characters over its paragraphs and runs.
+
+#include <pugixml.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "deck/model/document.h"
+
+namespace vellumark::deck {
+
+/// Part of a text, in UTF-16 units from 0.
+struct TextSpan {
+  std::size_t start = 0;
+  std::size_t length = 0;
+
+  std::size_t end() const { return start + length; }
+};
+
+/// A run (a:r), line break (a:br) or field (a:fld), or something unknown that holds no characters.
+struct TextPiece {
+  pugi::xml_node node;
+  TextSpan span;
+};
+
+/// A paragraph; its span leaves the mark that separates it from the next one out.
+struct TextParagraph {
+  pugi::xml_node node;
+  TextSpan span;
+  std::vector<TextPiece> pieces;
+};
+
+/// The text as it stands in the file at the moment of making; `replace` brings it up to date. A shape without
+/// a text body, and a body without paragraphs, read as one empty paragraph.
+class TextBody {
+ public:
+  explicit TextBody(const ShapeKey& shape);
+
+  /// Paragraph marks are CR, line breaks VT.
+  const std::u16string& text() const { return text_; }
+  const std::vector<TextParagraph>& paragraphs() const { return paragraphs_; }
+
+  /// The part of a span that lies within the text, not cutting through surrogate pairs.
+  TextSpan clipped(TextSpan span) const;
+  /// What new text in an empty place takes its format from.
+  enum class Neighbour { before, behind };
+
+  /// Puts text (as storableText() gives it) in the place of a span and returns the span that it then has. It
+  /// takes on the format of the first run that it replaces, or of its neighbour. The paragraphs keep their
+  /// properties one by one; further ones take on those of the last.
+  TextSpan replace(TextSpan span, std::u16string_view text, Neighbour neighbour = Neighbour::before);
+
+ private:
+  void read();
+  std::size_t paragraphAt(std::size_t place) const;
+  /// a:rPr or a:endParaRPr whose format new text in the place of a span takes on; nothing where there is
+  /// none.
+  pugi::xml_node formatAt(TextSpan span, Neighbour neighbour) const;
+  /// Takes the characters of a span out and returns the pieces that follow it in its last paragraph.
+  std::vector<pugi::xml_node> cut(TextSpan span);
+  /// Makes a place in a paragraph fall between two pieces.
+  void splitAt(std::size_t paragraph, std::size_t place);
+
+  ShapeKey shape_;
+  std::u16string text_;
+  std::vector<TextParagraph> paragraphs_;
+};
+
+/// p:txBody of a shape, made in its place where it is missing.
+pugi::xml_node requireTextBody(pugi::xml_node shape);
+
+}  // namespace vellumark::deck

@@ -1,0 +1,122 @@
+// A stretch of the text of a shape.
+
+#include <algorithm>
+#include <string>
+
+#include "base/text.h"
+#include "deck/model/member_table.h"
+#include "deck/model/objects.h"
+#include "deck/model/shape_actions.h"
+#include "deck/model/text_body.h"
+#include "deck/model/text_characters.h"
+#include "deck/model/text_frame.h"
+#include "deck/model/text_units.h"
+
+namespace vellumark::deck {
+namespace {
+
+/// A range keeps its place by numbers: it follows its own changes, not those made through other ranges.
+class TextRangeObject : public ModelObject<TextRangeObject> {
+ public:
+  static constexpr const char* className = "TextRange";
+  static const MemberTable<TextRangeObject>& members() {
+    using R = TextRangeObject;
+    static const MemberTable<R> table{
+        property<&R::text, &R::setText>(member::Text),
+        property<&R::start>(member::Start),
+        property<&R::length>(member::Length),
+        property<&R::count>(member::Count),
+        method<&R::units<TextUnit::paragraphs>>(member::Paragraphs, 0, 2),
+        method<&R::units<TextUnit::words>>(member::Words, 0, 2),
+        method<&R::units<TextUnit::characters>>(member::Characters, 0, 2),
+        method<&R::units<TextUnit::runs>>(member::Runs, 0, 2),
+        method<&R::insertAfter>(member::InsertAfter, 0, 1),
+        method<&R::insertBefore>(member::InsertBefore, 0, 1),
+        method<&R::remove>(member::Delete),
+        method<&R::select>(member::Select),
+        property<&R::parent>(member::Parent),
+    };
+    return table;
+  }
+
+  TextRangeObject(HostRef host, ShapeKey shape, TextSpan span, TextUnit unit)
+      : ModelObject(std::move(host)), shape_(std::move(shape)), span_(span), unit_(unit) {}
+  void requireAlive() const {
+    if (shape_.deleted()) base::raise(base::errors::invalidRequest);
+  }
+
+  std::string text() {
+    const TextBody body(shape_);
+    const TextSpan span = body.clipped(span_);
+    return base::fromUtf16(std::u16string_view(body.text()).substr(span.start, span.length));
+  }
+  void setText(const std::string& text) {
+    span_ = TextBody(shape_).replace(span_, storableText(base::toUtf16(text)));
+  }
+  std::int32_t start() { return static_cast<std::int32_t>(TextBody(shape_).clipped(span_).start) + 1; }
+  std::int32_t length() { return static_cast<std::int32_t>(TextBody(shape_).clipped(span_).length); }
+
+  /// How many units of the kind that the range was asked for it holds; 1 for a range by itself.
+  std::int32_t count() {
+    const TextBody body(shape_);
+    return static_cast<std::int32_t>(textUnits(body, unit_, body.clipped(span_)).size());
+  }
+
+  /// `length` units from `start`; all without arguments, one for a start alone, the first ones for a length
+  /// alone. A start behind the last unit means the last one. Numbers below 1 stand for arguments left out.
+  template <TextUnit unit>
+  host::ObjectRef units(Arguments arguments) {
+    const std::int32_t start = argumentOr<std::int32_t>(arguments, 0, -1);
+    const std::int32_t length = argumentOr<std::int32_t>(arguments, 1, -1);
+    const TextBody body(shape_);
+    const TextSpan span = body.clipped(span_);
+    const std::vector<TextSpan> all = textUnits(body, unit, span);
+    if (all.empty() || (start < 1 && length < 0)) return part(span, unit);
+    const std::size_t first = std::min<std::size_t>(start < 1 ? 0 : start - 1, all.size() - 1);
+    const std::size_t number = std::min<std::size_t>(length < 0 ? 1 : length, all.size() - first);
+    const std::size_t begin = all[first].start;
+    return part({begin, number == 0 ? 0 : all[first + number - 1].end() - begin}, unit);
+  }
+
+  /// The text that was inserted; this range then holds it too.
+  host::ObjectRef insertAfter(Arguments arguments) {
+    TextBody body(shape_);
+    span_ = body.clipped(span_);
+    return inserted(body.replace({span_.end(), 0}, newText(arguments)));
+  }
+  host::ObjectRef insertBefore(Arguments arguments) {
+    TextBody body(shape_);
+    span_ = body.clipped(span_);
+    return inserted(body.replace({span_.start, 0}, newText(arguments), TextBody::Neighbour::behind));
+  }
+  void remove() { span_ = TextBody(shape_).replace(span_, {}); }
+  void select() { selectText(host(), shape_, start(), length()); }
+  host::ObjectRef parent() { return makeTextFrame(host(), shape_); }
+
+ private:
+  host::ObjectRef part(TextSpan span, TextUnit unit) const {
+    return std::make_shared<TextRangeObject>(host(), shape_, span, unit);
+  }
+  host::ObjectRef inserted(TextSpan span) {
+    span_.length += span.length;
+    return part(span, TextUnit::whole);
+  }
+  static std::u16string newText(Arguments arguments) {
+    return storableText(base::toUtf16(argumentOr<std::string>(arguments, 0, {})));
+  }
+
+  ShapeKey shape_;
+  TextSpan span_;
+  TextUnit unit_;
+};
+
+}  // namespace
+
+host::ObjectRef makeTextRange(const HostRef& host, const ShapeKey& shape, std::int32_t start,
+                              std::int32_t length) {
+  const TextSpan span{static_cast<std::size_t>(std::max(start, 1)) - 1,
+                      static_cast<std::size_t>(std::max(length, 0))};
+  return std::make_shared<TextRangeObject>(host, shape, span, TextUnit::whole);
+}
+
+}  // namespace vellumark::deck

@@ -1,0 +1,113 @@
+#include "platform/shell.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "platform/environment.h"
+#include "platform/paths.h"
+
+namespace vellumark::platform {
+namespace {
+
+constexpr int patienceMilliseconds = 1000;
+
+/// What became of the opener, sent through a pipe. Both fields are 0 where it ended well.
+struct Outcome {
+  int startError = 0;  ///< errno of a program that couldn't be started
+  int exitStatus = 0;
+};
+
+void tell(int pipe, const Outcome& outcome) {
+  while (write(pipe, &outcome, sizeof outcome) == -1 && errno == EINTR) continue;
+}
+
+/// The body of the program that becomes the opener: nothing of ours stays with it. Never returns.
+[[noreturn]] void becomeOpener(char* const* arguments, int pipe) {
+  const int nothing = open("/dev/null", O_RDWR);
+  for (int standard = 0; nothing != -1 && standard <= 2; ++standard) dup2(nothing, standard);
+  execvp(arguments[0], arguments);
+  tell(pipe, {errno, 0});
+  _exit(127);
+}
+
+/// The body of the process that waits for the opener in our place. Never returns.
+[[noreturn]] void superviseOpener(char* const* arguments, int pipe) {
+  setsid();
+  const pid_t opener = fork();
+  if (opener == 0) becomeOpener(arguments, pipe);
+  int status = 0;
+  if (opener == -1) {
+    tell(pipe, {errno, 0});
+  } else {
+    while (waitpid(opener, &status, 0) == -1 && errno == EINTR) continue;
+    // Where the start failed the opener has told so itself, and nobody reads this.
+    tell(pipe, {0, WIFEXITED(status) ? WEXITSTATUS(status) : 1});
+  }
+  _exit(0);
+}
+
+int resultFor(const Outcome& outcome) {
+  if (outcome.startError == EACCES || outcome.startError == EPERM) return shell::accessDenied;
+  if (outcome.startError == ENOMEM || outcome.startError == EAGAIN) return shell::outOfMemory;
+  if (outcome.startError != 0) return shell::fileNotFound;
+  switch (outcome.exitStatus) {  // the meanings that xdg-open gives them
+    case 0:
+      return shell::opened;
+    case 2:
+      return shell::fileNotFound;
+    case 3:
+      return shell::noAssociation;
+    default:
+      return shell::accessDenied;
+  }
+}
+
+/// Runs the opener on `target`. The waiting is left to a process of its own whose parent ends at once, so
+/// that no zombie stays with us however long the opened program runs.
+int runOpener(const std::string& target) {
+  std::string program = environmentVariable("VELLUMARK_OPENER").value_or("xdg-open");
+  std::string argument = target;
+  char* const arguments[] = {program.data(), argument.data(), nullptr};
+
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) return shell::outOfMemory;
+  const pid_t child = fork();
+  if (child == 0) {
+    const pid_t supervisor = fork();
+    if (supervisor == 0) superviseOpener(arguments, ends[1]);
+    if (supervisor == -1) tell(ends[1], {errno, 0});
+    _exit(0);
+  }
+  close(ends[1]);
+  if (child == -1) {
+    close(ends[0]);
+    return shell::outOfMemory;
+  }
+  while (waitpid(child, nullptr, 0) == -1 && errno == EINTR) continue;
+
+  Outcome outcome;
+  pollfd ready{ends[0], POLLIN, 0};
+  if (poll(&ready, 1, patienceMilliseconds) == 1) {
+    if (read(ends[0], &outcome, sizeof outcome) != static_cast<ssize_t>(sizeof outcome)) outcome = {};
+  }
+  close(ends[0]);
+  return resultFor(outcome);
+}
+
+}  // namespace
+
+int openURL(const std::string& url) {
+  // What begins with "-" would be an option of the opener, and no page or file that anybody means.
+  if (url.empty() || url.front() == '-') return shell::fileNotFound;
+  return runOpener(url);
+}
+
+bool openHelp(const std::string& file, int /*contextId*/) {
+  return fileExists(file) && runOpener(toSystem(file)) == shell::opened;
+}
+
+}  // namespace vellumark::platform

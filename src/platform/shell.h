@@ -1,0 +1,28 @@
+#pragma once
+// What the desktop opens for us.
+
+#include <string>
+
+namespace vellumark::platform {
+
+/// Results of openURL(). Above 32 is success.
+namespace shell {
+inline constexpr int outOfMemory = 0;
+inline constexpr int fileNotFound = 2;
+inline constexpr int accessDenied = 5;
+inline constexpr int noAssociation = 31;
+inline constexpr int opened = 33;
+}  // namespace shell
+
+/// Opens a web page, a mail link or a document in the user's program for it and goes on without waiting for
+/// that program to end. The result is one of those above.
+///
+/// On Linux xdg-open does it, or the program that the environment variable VELLUMARK_OPENER names. Its
+/// failures are seen if they come within the first second.
+int openURL(const std::string& url);
+
+/// Opens a help file on a context id. False where the file is missing or nothing can show it. On Linux the
+/// program for such files shows its first page: there is no common way to hand it the id.
+bool openHelp(const std::string& file, int contextId);
+
+}  // namespace vellumark::platform

@@ -1,0 +1,35 @@
+#include "services/icons.h"
+
+#include <memory>
+
+namespace vellumark::services {
+namespace {
+
+std::unique_ptr<Icons>& instance() {
+  static std::unique_ptr<Icons> icons;
+  return icons;
+}
+
+}  // namespace
+
+Icons::Icons() : Form("Icons", "") {
+  for (std::size_t i = 0; i < LanguagePictures::size(); ++i) {
+    languagePictures[i].foreColor(ui::rgb(255, 255, 255));
+  }
+}
+
+Icons& icons() {
+  if (!instance()) {
+    instance() = std::make_unique<Icons>();
+    instance()->load();
+  }
+  return *instance();
+}
+
+void unloadIcons() {
+  if (!instance()) return;
+  instance()->unload();
+  instance().reset();
+}
+
+}  // namespace vellumark::services

@@ -1,0 +1,296 @@
+// Presentations, slides, tags: opening, changing, saving, reopening.
+
+#include <gtest/gtest.h>
+
+#include "base/error.h"
+#include "deck/embedded_host.h"
+#include "support/deck_builder.h"
+#include "support/zip_entries.h"
+#include "support/temp_folder.h"
+
+namespace vellumark::deck {
+namespace {
+
+using test::DeckBuilder;
+using test::TempFolder;
+
+int errorNumber(const std::function<void()>& statement) {
+  try {
+    statement();
+  } catch (const base::Error& error) {
+    return error.number();
+  }
+  return 0;
+}
+
+struct Events {
+  explicit Events(const EmbeddedHost& host)
+      : subscription(host::subscribe(host.application().object(),
+                                     [this](host::Member event, std::span<host::Value> arguments) {
+                                       names.push_back(event.name());
+                                       if (event == host::member::PresentationBeforeSave)
+                                         arguments[1] = host::Value(cancelSave);
+                                       if (event == host::member::PresentationClose) {
+                                         presentationsAtClose =
+                                             host::Application(application).Presentations().Count();
+                                       }
+                                     })),
+        application(host.application().object()) {}
+  bool cancelSave = false;
+  int presentationsAtClose = -1;
+  std::vector<std::string> names;
+  host::Subscription subscription;
+  host::ObjectRef application;
+};
+
+class Presentations : public ::testing::Test {
+ protected:
+  std::string save(const DeckBuilder& deck, const std::string& name = "deck.pptx") {
+    const std::string path = folder.path(name);
+    deck.save(path);
+    return path;
+  }
+  void expectSound(const std::string& path) {
+    EXPECT_EQ(test::packageFaults(test::readZipFile(path)), std::vector<std::string>{});
+  }
+  static DeckBuilder threeSlides() {
+    DeckBuilder deck;
+    for (const char* name : {"A", "B", "C"})
+      deck.slide("titleOnly").shape("rect", 10, 20, 100, 50).named(name);
+    return deck;
+  }
+
+  TempFolder folder;
+  EmbeddedHost host;
+};
+
+TEST_F(Presentations, OpensWithAndWithoutWindow) {
+  const std::string path = save(threeSlides());
+  const host::Application app = host.application();
+  EXPECT_EQ(errorNumber([&] { app.ActiveWindow(); }), base::errors::invalidRequest);
+  EXPECT_EQ(errorNumber([&] { app.ActivePresentation(); }), base::errors::invalidRequest);
+
+  const host::Presentation hidden = app.Presentations().Open(path, true, false, false);
+  EXPECT_EQ(app.Windows().Count(), 0);
+  EXPECT_EQ(app.Presentations().Count(), 1);
+  EXPECT_EQ(hidden.ReadOnly(), host::msoTrue);
+  EXPECT_EQ(errorNumber([&] { app.ActivePresentation(); }), base::errors::invalidRequest);
+
+  const host::Presentation shown = host.open(path);
+  EXPECT_EQ(app.ActivePresentation().FullName(), path);
+  EXPECT_EQ(shown.Name(), "deck.pptx");
+  EXPECT_EQ(shown.Path() + "/deck.pptx", path);
+  EXPECT_EQ(shown.Saved(), host::msoTrue);
+  EXPECT_FLOAT_EQ(shown.PageSetup().SlideWidth(), 960);
+
+  const host::Presentation untitled = app.Presentations().Open(path, false, true, false);
+  EXPECT_EQ(untitled.Path(), "");
+  EXPECT_EQ(untitled.FullName(), untitled.Name());
+}
+
+TEST_F(Presentations, BrokenFilesAreOneClearError) {
+  try {
+    host.open(folder.write("broken.pptx", "no zip at all"));
+    FAIL();
+  } catch (const base::Error& error) {
+    EXPECT_EQ(error.number(), base::errors::unspecific);
+    EXPECT_NE(error.description().find("broken.pptx"), std::string::npos);
+    EXPECT_EQ(error.description().find('\n'), std::string::npos);
+  }
+  EXPECT_EQ(host.application().Presentations().Count(), 0);
+}
+
+TEST_F(Presentations, EventsComeInOrderAndSavingCanBeCancelled) {
+  const std::string path = save(threeSlides());
+  const std::string before = test::readFile(path);
+  Events events(host);
+  const host::Presentation presentation = host.open(path);
+  presentation.Slides().Item(1).Shapes().Item(1).Delete();
+  EXPECT_EQ(presentation.Saved(), host::msoFalse);
+
+  events.cancelSave = true;
+  presentation.Save();
+  EXPECT_EQ(test::readFile(path), before);
+  EXPECT_EQ(presentation.Saved(), host::msoFalse);
+
+  events.cancelSave = false;
+  presentation.Save();
+  EXPECT_NE(test::readFile(path), before);
+  EXPECT_EQ(presentation.Saved(), host::msoTrue);
+
+  presentation.Close();
+  EXPECT_EQ(events.presentationsAtClose, 1)
+      << "the event comes before the presentation leaves the collection";
+  EXPECT_EQ(host.application().Presentations().Count(), 0);
+  EXPECT_EQ(errorNumber([&] { presentation.Slides(); }), base::errors::invalidRequest);
+  EXPECT_EQ(events.names,
+            (std::vector<std::string>{"PresentationOpen", "WindowActivate", "PresentationBeforeSave",
+                                      "PresentationBeforeSave", "PresentationClose"}));
+}
+
+TEST_F(Presentations, SavesUnderOtherNames) {
+  const std::string path = save(threeSlides());
+  const host::Presentation presentation = host.open(path, true);
+  presentation.Slides().Item(2).Delete();
+  EXPECT_EQ(errorNumber([&] { presentation.Save(); }), base::errors::unspecific);
+
+  presentation.SaveCopyAs(folder.path("copy.pptx"));
+  EXPECT_EQ(presentation.FullName(), path);
+  EXPECT_EQ(presentation.Saved(), host::msoFalse);
+  presentation.SaveAs(folder.path("new.pptx"));
+  EXPECT_EQ(presentation.Name(), "new.pptx");
+  EXPECT_EQ(presentation.ReadOnly(), host::msoFalse);
+  presentation.Slides().Item(1).Name("renamed");
+  presentation.Save();
+
+  EXPECT_EQ(host.open(path).Slides().Count(), 3);
+  const host::Presentation copy = host.open(folder.path("copy.pptx"));
+  EXPECT_EQ(copy.Slides().Count(), 2);
+  EXPECT_EQ(copy.Slides().Item(2).SlideID(), presentation.Slides().Item(2).SlideID());
+  EXPECT_EQ(host.open(folder.path("new.pptx")).Slides().Item(1).Name(), "renamed");
+  expectSound(folder.path("copy.pptx"));
+  expectSound(folder.path("new.pptx"));
+}
+
+TEST_F(Presentations, SlideIdsStayAndAreNeverUsedTwice) {
+  DeckBuilder deck = threeSlides();
+  deck.firstSlideNumber(5);
+  const host::Presentation presentation = host.open(save(deck));
+  const host::Slides slides = presentation.Slides();
+  const int last = slides.Item(3).SlideID();
+  const host::Slide second = slides.Item(2);
+  slides.Item(3).Delete();
+  slides.Item(1).Delete();
+  EXPECT_EQ(second.SlideIndex(), 1);
+  EXPECT_EQ(second.SlideNumber(), 5);
+  EXPECT_EQ(errorNumber([&] { slides.FindBySlideID(last); }), base::errors::invalidRequest);
+  EXPECT_EQ(errorNumber([&] { slides.Item(2); }), base::errors::invalidRequest);
+  EXPECT_EQ(errorNumber([&] { slides.Item(0); }), base::errors::invalidRequest);
+
+  const host::Slide added = slides.Add(1, host::ppLayoutTitleOnly);
+  EXPECT_GT(added.SlideID(), last);
+  EXPECT_EQ(second.SlideIndex(), 2);
+  EXPECT_EQ(slides.FindBySlideID(added.SlideID()).SlideIndex(), 1);
+}
+
+TEST_F(Presentations, AddsSlidesWithTheLayoutsPlaceholders) {
+  const std::string path = save(threeSlides());
+  const host::Presentation presentation = host.open(path);
+  const struct {
+    host::PpSlideLayout layout;
+    std::vector<std::string> names;
+  } cases[] = {{host::ppLayoutTitleOnly, {"Title 1"}},
+               {host::ppLayoutBlank, {}},
+               {host::ppLayoutText, {"Title 1", "Content Placeholder 2"}},
+               {host::ppLayoutTitle, {"Title 1", "Subtitle 2"}}};
+  for (const auto& [layout, names] : cases) {
+    const host::Slide slide = presentation.Slides().Add(presentation.Slides().Count() + 1, layout);
+    std::vector<std::string> found;
+    for (int i = 1; i <= slide.Shapes().Count(); ++i) {
+      found.push_back(slide.Shapes().Item(i).Name());
+      EXPECT_EQ(slide.Shapes().Item(i).Type(), host::msoPlaceholder);
+      EXPECT_GT(slide.Shapes().Item(i).Width(), 0) << "the frame is the layout's";
+    }
+    EXPECT_EQ(found, names) << layout;
+  }
+  presentation.Save();
+  expectSound(path);
+}
+
+TEST_F(Presentations, DeletingASlideTakesItsPartsAlong) {
+  DeckBuilder deck;
+  deck.slide("blank").shape("rect", 0, 0, 10, 10);
+  auto second = deck.slide("blank");
+  second.notes("to be said");
+  second.picture(0, 0, 50, 50);
+  second.chart(0, 100, 200, 100, {{"a", 1}, {"b", 2}});
+  second.tag("KEY", "value");
+  const std::string path = save(deck);
+  const host::Presentation presentation = host.open(path);
+  presentation.Slides().Item(2).Delete();
+  presentation.Save();
+  expectSound(path);
+  EXPECT_EQ(host.open(path).Slides().Count(), 1);
+}
+
+TEST_F(Presentations, NewPresentationsAreSound) {
+  const host::Presentation presentation = host.application().Presentations().Add(true);
+  EXPECT_EQ(presentation.Path(), "");
+  EXPECT_EQ(presentation.Name(), "Presentation1");
+  EXPECT_EQ(errorNumber([&] { presentation.Save(); }), base::errors::unspecific);
+  for (const auto layout :
+       {host::ppLayoutTitle, host::ppLayoutText, host::ppLayoutTitleOnly, host::ppLayoutBlank}) {
+    presentation.Slides().Add(1, layout);
+  }
+  presentation.SaveAs(folder.path("new.pptx"));
+  expectSound(folder.path("new.pptx"));
+  EXPECT_EQ(host.open(folder.path("new.pptx")).Slides().Count(), 4);
+}
+
+TEST_F(Presentations, TagsOfAllHoldersSurviveTheFile) {
+  const std::string path = save(threeSlides());
+  {
+    const host::Presentation presentation = host.open(path);
+    const host::Slide slide = presentation.Slides().Item(2);
+    for (const host::Tags& tags : {presentation.Tags(), slide.Tags(), slide.Shapes().Item("B").Tags()}) {
+      tags.Add("zorp_test", "one");
+      tags.Add("ZORP_Test", "two & <three>\r\n\"four\"");
+      tags.Add("other", "x");
+      EXPECT_EQ(tags.Count(), 2);
+      tags.Delete("OTHER");
+      tags.Delete("never there");
+      EXPECT_EQ(tags.Item("absent"), "");
+    }
+    presentation.Save();
+  }
+  expectSound(path);
+  const host::Presentation presentation = host.open(path);
+  const host::Slide slide = presentation.Slides().Item(2);
+  for (const host::Tags& tags : {presentation.Tags(), slide.Tags(), slide.Shapes().Item("B").Tags()}) {
+    EXPECT_EQ(tags.Item("zorp_TEST"), "two & <three>\r\n\"four\"");
+    EXPECT_EQ(tags.Name(1), "ZORP_TEST");
+    tags.Delete("zorp_test");
+    EXPECT_EQ(tags.Count(), 0);
+  }
+  EXPECT_EQ(presentation.Slides().Item(1).Tags().Item("zorp_test"), "");
+  presentation.Save();
+  expectSound(path);
+  Package& package = host.state()->documents.back()->package();
+  for (const std::string& name : package.partNames())
+    EXPECT_EQ(name.find("tags/"), std::string::npos) << name;
+}
+
+TEST_F(Presentations, ExtraColorsAreKeptLastOneFirst) {
+  const std::string path = save(threeSlides());
+  const host::Presentation presentation = host.open(path);
+  const host::ExtraColors colors = presentation.ExtraColors();
+  for (int color : {0x0000FF, 0x00FF00, 0x0000FF}) colors.Add(color);
+  EXPECT_EQ(colors.Count(), 2);
+  EXPECT_EQ(colors.Item(1), 0x0000FF);
+  for (int i = 0; i < 20; ++i) colors.Add(i);
+  EXPECT_EQ(colors.Count(), 10);
+  presentation.Save();
+  expectSound(path);
+  EXPECT_EQ(host.open(path).ExtraColors().Item(1), 19);
+}
+
+TEST_F(Presentations, OpeningParsesNoSlideThatNobodyAsksFor) {
+  DeckBuilder deck;
+  for (int i = 0; i < 40; ++i) deck.slide("blank").shape("rect", 0, 0, 10, 10);
+  const host::Presentation presentation = host.open(save(deck));
+  Package& package = host.state()->documents.front()->package();
+  const auto parsedSlides = [&] {
+    int parsed = 0;
+    for (const std::string& name : package.partNames()) {
+      if (name.starts_with("ppt/slides/slide") && package.part(name)->parsed()) ++parsed;
+    }
+    return parsed;
+  };
+  EXPECT_EQ(presentation.Slides().Count(), 40);
+  EXPECT_EQ(parsedSlides(), 0);
+  EXPECT_EQ(presentation.Slides().Item(17).Shapes().Count(), 1);
+  EXPECT_EQ(parsedSlides(), 1);
+}
+
+}  // namespace
+}  // namespace vellumark::deck

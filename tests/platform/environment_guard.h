@@ -1,0 +1,33 @@
+#pragma once
+// An environment variable that has a value, or none, as long as the object lives.
+
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+namespace vellumark::test {
+
+class EnvironmentGuard {
+ public:
+  EnvironmentGuard(std::string name, const std::optional<std::string>& value) : name_(std::move(name)) {
+    if (const char* before = std::getenv(name_.c_str())) before_ = before;
+    set(value);
+  }
+  ~EnvironmentGuard() { set(before_); }
+  EnvironmentGuard(const EnvironmentGuard&) = delete;
+  EnvironmentGuard& operator=(const EnvironmentGuard&) = delete;
+
+  void set(const std::optional<std::string>& value) const {
+    if (value) {
+      setenv(name_.c_str(), value->c_str(), 1);
+    } else {
+      unsetenv(name_.c_str());
+    }
+  }
+
+ private:
+  std::string name_;
+  std::optional<std::string> before_;
+};
+
+}  // namespace vellumark::test
