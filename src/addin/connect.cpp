@@ -30,11 +30,12 @@ Connect::Connect(std::string addInFolder) : addInFolder_(std::move(addInFolder))
 }
 
 Connect::~Connect() {
-  if (applicationEvents_) base::resumeNext([&] { IDTExtensibility2_OnDisconnection({}, {}); });
+  if (connected_) base::resumeNext([&] { IDTExtensibility2_OnDisconnection({}, {}); });
 }
 
 void Connect::IDTExtensibility2_OnConnection(const host::Application& application, std::int32_t,
                                              const host::COMAddIn& addInInst, std::span<const host::Value>) {
+  connected_ = true;
   trap("Connect, IDTExtensibility2_OnConnection", [&] {
     globals().hostMutex = std::make_unique<platform::InstanceMutex>(core::productTitle);
     if (application.isApplication()) start(application, addInInst);
@@ -88,6 +89,7 @@ void Connect::setFolders() {
 }
 
 void Connect::IDTExtensibility2_OnDisconnection(std::int32_t, std::span<const host::Value>) {
+  connected_ = false;
   trap("Connect, IDTExtensibility2_OnDisconnection", [&] {
     if (globals().powerPointApp) release();
     // What else the connection filled goes with it; the mark for other programs goes last.

@@ -73,6 +73,7 @@ class Connect {
   void killSlideExtracts();
 
   std::string addInFolder_;
+  bool connected_ = false;  ///< since the last connection no disconnection came
   std::unique_ptr<commands::pptEvents> applicationEvents_;
   std::unique_ptr<commands::pptControls> toolbarControls_;  ///< only on hosts before the ribbon
   std::unique_ptr<tools::TrimlineTools> tools_;

@@ -12,12 +12,6 @@ namespace {
 
 using tools::TrimlineTools;
 
-template <void (TrimlineTools::*Method)()>
-void tool(const std::string&) {
-  if (!core::globals().tools) base::raise(base::errors::objectNotSet);
-  (core::globals().tools->*Method)();
-}
-
 constexpr Rule always{};
 constexpr Rule twoShapes{.fewestShapes = 2};
 constexpr Rule oneShape{.fewestShapes = 1};
@@ -32,112 +26,98 @@ constexpr const char* agenda = counters::agendaWizard;
 constexpr const char* elements = counters::myElements;
 constexpr const char* trimline = counters::trimlineTools;
 
-Command row(std::int16_t id, const char* method, const char* label, const char* counter, Rule rule,
-            void (*run)(const std::string&) = nullptr) {
-  return {id, 0, method, label, counter, rule, rule, run};
+constexpr Command row(std::int16_t id, const char* method, const char* label, const char* counter,
+                      Rule rule) {
+  return {id, 0, method, label, counter, rule, rule};
 }
 /// A split button: its main part and the first entry of its menu.
-Command split(std::int16_t id, std::int16_t secondId, const char* method, const char* label,
-              const char* counter, Rule rule, Rule secondRule, void (*run)(const std::string&) = nullptr) {
-  return {id, secondId, method, label, counter, rule, secondRule, run};
+constexpr Command split(std::int16_t id, std::int16_t secondId, const char* method, const char* label,
+                        const char* counter, Rule rule, Rule secondRule) {
+  return {id, secondId, method, label, counter, rule, secondRule};
 }
-Command toggle(std::int16_t id, const char* method, const char* label) {
-  return {id, 0, method, label, nullptr, textShapes, textShapes, nullptr, true};
+constexpr Command toggle(std::int16_t id, const char* method, const char* label) {
+  return {id, 0, method, label, nullptr, textShapes, textShapes, true};
 }
 
-#define TOOL(method) tool<&TrimlineTools::method>
-const std::vector<Command>& table() {
-  static const std::vector<Command> rows{
-      split(1002, 1010, "about", "Info", nullptr, always, always),
-      row(1005, "startUpdate", "Check for updates", nullptr, always, TOOL(startUpdate)),
-      row(1006, "homepage", "Vellumark web site", nullptr, always, TOOL(homepage)),
-      row(1007, "feedback", "Send feedback", nullptr, always, TOOL(feedback)),
-      row(1008, "recommend", "Recommend to a friend", nullptr, always, TOOL(recommend)),
-      row(1011, "showSettings", "Settings", nullptr, always),
-      row(1013, "gettingStarted", "", nullptr, always, TOOL(gettingStarted)),
-      row(1014, "FAQ", "FAQ", nullptr, always, TOOL(FAQ)),
-      row(1015, "tutorialVideos", "", nullptr, always, TOOL(tutorialVideos)),
-      row(1018, "showAgendaWizard", "Agenda Wizard", agenda, always),
-      row(1020, "disconnectAgendaSlides", "Disconnect selected agenda slides from Agenda Wizard", agenda,
-          always),
-      row(1021, "agendaUpdatePagenumbers", "", agenda, always),
-      row(1028, "addMyElements", "Add selection to My Elements", elements, always),
-      row(1029, "manageMyElements", "Manage My Elements", elements, always),
-      row(1032, "alignLefts", "Align left to master left", trimline, twoShapes, TOOL(alignLefts)),
-      row(1033, "alignCenters", "Align center to master center", trimline, twoShapes, TOOL(alignCenters)),
-      row(1034, "alignRights", "Align right to master right", trimline, twoShapes, TOOL(alignRights)),
-      row(1036, "alignTops", "Align top to master top", trimline, twoShapes, TOOL(alignTops)),
-      row(1037, "alignMiddles", "Align middle to master middle", trimline, twoShapes, TOOL(alignMiddles)),
-      row(1038, "alignBottoms", "Align bottom to master bottom", trimline, twoShapes, TOOL(alignBottoms)),
-      row(1040, "alignWidths", "Stretch to master width", trimline, twoShapes, TOOL(alignWidths)),
-      row(1041, "alignHeights", "Stretch to master height", trimline, twoShapes, TOOL(alignHeights)),
-      row(1042, "alignWidthsAndHeights", "Stretch to master width and height", trimline, twoShapes,
-          TOOL(alignWidthsAndHeights)),
-      split(1044, 1046, "stretchLeft", "Stretch to master left", trimline, twoShapes, twoShapes,
-            TOOL(stretchLeft)),
-      row(1047, "stretchRight", "Stretch to master right", trimline, twoShapes, TOOL(stretchRight)),
-      row(1048, "stretchTop", "Stretch to master top", trimline, twoShapes, TOOL(stretchTop)),
-      row(1049, "stretchBottom", "Stretch to master bottom", trimline, twoShapes, TOOL(stretchBottom)),
-      split(1051, 1053, "moveLeftToMasterRight", "Move left to master right", trimline, twoShapes, twoShapes,
-            TOOL(moveLeftToMasterRight)),
-      row(1054, "moveRightToMasterLeft", "Move right to master left", trimline, twoShapes,
-          TOOL(moveRightToMasterLeft)),
-      row(1055, "moveTopToMasterBottom", "Move top to master bottom", trimline, twoShapes,
-          TOOL(moveTopToMasterBottom)),
-      row(1056, "moveBottomToMasterTop", "Move bottom to master top", trimline, twoShapes,
-          TOOL(moveBottomToMasterTop)),
-      row(1058, "stackHorizontally", "", trimline, twoShapes),
-      row(1059, "stackVertically", "", trimline, twoShapes),
-      row(1061, "alignVerticallyInGoldenSection", "Align vertically in golden section", trimline, twoShapes,
-          TOOL(alignVerticallyInGoldenSection)),
-      split(1063, 1065, "stretchLeftToMasterRight", "Stretch left to master right", trimline, twoShapes,
-            twoShapes, TOOL(stretchLeftToMasterRight)),
-      row(1066, "stretchRightToMasterLeft", "Stretch right to master left", trimline, twoShapes,
-          TOOL(stretchRightToMasterLeft)),
-      row(1067, "stretchTopToMasterBottom", "Stretch top to master bottom", trimline, twoShapes,
-          TOOL(stretchTopToMasterBottom)),
-      row(1068, "stretchBottomToMasterTop", "Stretch bottom to master top", trimline, twoShapes,
-          TOOL(stretchBottomToMasterTop)),
-      split(1071, 1073, "alignAngles", "Align angles", trimline, oneShape,
-            {.fewestShapes = 2, .pentagons = true}),
-      row(1074, "processChain", "Align process chain", trimline,
-          {.fewestShapes = 2, .rightAngled = true, .sameOrientation = true, .pentagons = true}),
-      row(1075, "adjustPentagonHeader", "Adjust pentagon header", trimline, exactlyTwo),
-      row(1076, "beautifyBlockArrow", "Beautify block arrows", trimline,
-          {.fewestShapes = 1, .blockArrows = true}),
-      split(1078, 1080, "roundedRectangles", "Rounded rectangles", trimline, rounded,
-            {.fewestShapes = 2, .roundedRectangles = true}),
-      row(1081, "roundedRectanglesNumeric", "", trimline, rounded),
-      row(1082, "switchObjects", "Switch objects", trimline, exactlyTwo),
-      toggle(1085, "adjustAutoShapeToText", "Fit AutoShape to text"),
-      toggle(1086, "wrapText", "Wrap text in AutoShape"),
-      row(1087, "setMargins", "Set AutoShape margins", trimline, textShapes),
-      row(1089, "beautifyIndents", "Beautify indents", trimline, textShapes),
-      row(1090, "removeIndent", "Decrease indent level", trimline, textShapes),
-      row(1091, "addIndent", "Increase indent level", trimline, textShapes),
-      row(1093, "setLanguage", "", trimline, language),
-      row(1094, "setLanguage", "", trimline, language),
-      row(1095, "setLanguage", "", trimline, language),
-      split(1098, 1100, "emailSelectedSlides", "E-mail selected slides", trimline, slidesSelected,
-            slidesSelected),
-      row(1101, "saveSelectedSlides", "Save selected slides as new presentation", trimline, slidesSelected),
-      row(1102, "openContainingFolder", "Open containing folder", trimline, windowOpen),
-      row(1104, "pickColorFromScreen", "Pick color from screen", trimline, windowOpen),
-      row(1108, "removeAllSpeechNotes", "Remove all speech notes", trimline, windowOpen),
-      row(1109, "tweakAutoShapeAdjustments", "Tweak AutoShape adjustments", trimline, oneShape),
-      row(1110, "setBlackWhiteMode", "Set black and white mode", trimline, windowOpen),
-      row(1111, "createMotionPath", "Create motion path", trimline, exactlyTwo),
-      row(1112, "countWords", "Text statistics", trimline, oneShape),
-      row(1114, "hideShapes", "Hide selected shapes", trimline, oneShape),
-      row(1115, "unhideShapes", "Unhide all hidden shapes", trimline, windowOpen),
-      row(1117, "pasteOnSelectedSlides", "Paste on selected slides", trimline, slidesSelected),
-      // Only toolbars have these.
-      row(0, "reference", "Reference", nullptr, always, TOOL(reference)),
-      row(0, "resetCustomColors", "Reset custom colors", trimline, always),
-  };
-  return rows;
-}
-#undef TOOL
+constexpr Command table[] = {
+    split(1002, 1010, "about", "Info", nullptr, always, always),
+    row(1005, "startUpdate", "Check for updates", nullptr, always),
+    row(1006, "homepage", "Vellumark web site", nullptr, always),
+    row(1007, "feedback", "Send feedback", nullptr, always),
+    row(1008, "recommend", "Recommend to a friend", nullptr, always),
+    row(1011, "showSettings", "Settings", nullptr, always),
+    row(1013, "gettingStarted", "", nullptr, always),
+    row(1014, "FAQ", "FAQ", nullptr, always),
+    row(1015, "tutorialVideos", "", nullptr, always),
+    row(1018, "showAgendaWizard", "Agenda Wizard", agenda, always),
+    row(1020, "disconnectAgendaSlides", "Disconnect selected agenda slides from Agenda Wizard", agenda,
+        always),
+    row(1021, "agendaUpdatePagenumbers", "", agenda, always),
+    row(1028, "addMyElements", "Add selection to My Elements", elements, always),
+    row(1029, "manageMyElements", "Manage My Elements", elements, always),
+    row(1032, "alignLefts", "Align left to master left", trimline, twoShapes),
+    row(1033, "alignCenters", "Align center to master center", trimline, twoShapes),
+    row(1034, "alignRights", "Align right to master right", trimline, twoShapes),
+    row(1036, "alignTops", "Align top to master top", trimline, twoShapes),
+    row(1037, "alignMiddles", "Align middle to master middle", trimline, twoShapes),
+    row(1038, "alignBottoms", "Align bottom to master bottom", trimline, twoShapes),
+    row(1040, "alignWidths", "Stretch to master width", trimline, twoShapes),
+    row(1041, "alignHeights", "Stretch to master height", trimline, twoShapes),
+    row(1042, "alignWidthsAndHeights", "Stretch to master width and height", trimline, twoShapes),
+    split(1044, 1046, "stretchLeft", "Stretch to master left", trimline, twoShapes, twoShapes),
+    row(1047, "stretchRight", "Stretch to master right", trimline, twoShapes),
+    row(1048, "stretchTop", "Stretch to master top", trimline, twoShapes),
+    row(1049, "stretchBottom", "Stretch to master bottom", trimline, twoShapes),
+    split(1051, 1053, "moveLeftToMasterRight", "Move left to master right", trimline, twoShapes, twoShapes),
+    row(1054, "moveRightToMasterLeft", "Move right to master left", trimline, twoShapes),
+    row(1055, "moveTopToMasterBottom", "Move top to master bottom", trimline, twoShapes),
+    row(1056, "moveBottomToMasterTop", "Move bottom to master top", trimline, twoShapes),
+    row(1058, "stackHorizontally", "", trimline, twoShapes),
+    row(1059, "stackVertically", "", trimline, twoShapes),
+    row(1061, "alignVerticallyInGoldenSection", "Align vertically in golden section", trimline, twoShapes),
+    split(1063, 1065, "stretchLeftToMasterRight", "Stretch left to master right", trimline, twoShapes,
+          twoShapes),
+    row(1066, "stretchRightToMasterLeft", "Stretch right to master left", trimline, twoShapes),
+    row(1067, "stretchTopToMasterBottom", "Stretch top to master bottom", trimline, twoShapes),
+    row(1068, "stretchBottomToMasterTop", "Stretch bottom to master top", trimline, twoShapes),
+    split(1071, 1073, "alignAngles", "Align angles", trimline, oneShape,
+          {.fewestShapes = 2, .pentagons = true}),
+    row(1074, "processChain", "Align process chain", trimline,
+        {.fewestShapes = 2, .rightAngled = true, .sameOrientation = true, .pentagons = true}),
+    row(1075, "adjustPentagonHeader", "Adjust pentagon header", trimline, exactlyTwo),
+    row(1076, "beautifyBlockArrow", "Beautify block arrows", trimline,
+        {.fewestShapes = 1, .blockArrows = true}),
+    split(1078, 1080, "roundedRectangles", "Rounded rectangles", trimline, rounded,
+          {.fewestShapes = 2, .roundedRectangles = true}),
+    row(1081, "roundedRectanglesNumeric", "", trimline, rounded),
+    row(1082, "switchObjects", "Switch objects", trimline, exactlyTwo),
+    toggle(1085, "adjustAutoShapeToText", "Fit AutoShape to text"),
+    toggle(1086, "wrapText", "Wrap text in AutoShape"),
+    row(1087, "setMargins", "Set AutoShape margins", trimline, textShapes),
+    row(1089, "beautifyIndents", "Beautify indents", trimline, textShapes),
+    row(1090, "removeIndent", "Decrease indent level", trimline, textShapes),
+    row(1091, "addIndent", "Increase indent level", trimline, textShapes),
+    row(1093, "setLanguage", "", trimline, language),
+    row(1094, "setLanguage", "", trimline, language),
+    row(1095, "setLanguage", "", trimline, language),
+    split(1098, 1100, "emailSelectedSlides", "E-mail selected slides", trimline, slidesSelected,
+          slidesSelected),
+    row(1101, "saveSelectedSlides", "Save selected slides as new presentation", trimline, slidesSelected),
+    row(1102, "openContainingFolder", "Open containing folder", trimline, windowOpen),
+    row(1104, "pickColorFromScreen", "Pick color from screen", trimline, windowOpen),
+    row(1108, "removeAllSpeechNotes", "Remove all speech notes", trimline, windowOpen),
+    row(1109, "tweakAutoShapeAdjustments", "Tweak AutoShape adjustments", trimline, oneShape),
+    row(1110, "setBlackWhiteMode", "Set black and white mode", trimline, windowOpen),
+    row(1111, "createMotionPath", "Create motion path", trimline, exactlyTwo),
+    row(1112, "countWords", "Text statistics", trimline, oneShape),
+    row(1114, "hideShapes", "Hide selected shapes", trimline, oneShape),
+    row(1115, "unhideShapes", "Unhide all hidden shapes", trimline, windowOpen),
+    row(1117, "pasteOnSelectedSlides", "Paste on selected slides", trimline, slidesSelected),
+    // Without a button of their own on the ribbon.
+    row(0, "reference", "Reference", nullptr, always),
+    row(0, "resetCustomColors", "Reset custom colors", trimline, always),
+    row(0, "insertCopyright", "", counters::slideWizard, always),
+};
 
 }  // namespace
 
@@ -170,19 +150,21 @@ std::string Rule::text() const {
   return parts.empty() ? "always" : base::join(parts, ", ");
 }
 
-std::span<const Command> commandTable() { return table(); }
+bool Command::inThisBuild() const { return toggle || TrimlineTools::hasMethod(method); }
+
+std::span<const Command> commandTable() { return table; }
 
 const Command* findCommand(std::int16_t id) {
   if (id == 0) return nullptr;
   const auto found = std::ranges::find_if(
-      table(), [&](const Command& command) { return command.id == id || command.secondId == id; });
-  return found == table().end() ? nullptr : &*found;
+      table, [&](const Command& command) { return command.id == id || command.secondId == id; });
+  return found == std::end(table) ? nullptr : found;
 }
 
 const Command* findCommand(std::string_view method) {
   const auto found = std::ranges::find_if(
-      table(), [&](const Command& command) { return base::equalsIgnoreCase(command.method, method); });
-  return found == table().end() ? nullptr : &*found;
+      table, [&](const Command& command) { return base::equalsIgnoreCase(command.method, method); });
+  return found == std::end(table) ? nullptr : found;
 }
 
 std::optional<Rule> ruleOf(std::int16_t id) {
@@ -202,10 +184,26 @@ std::optional<Rule> ruleOf(std::int16_t id) {
   return command->secondId == id ? command->secondRule : command->rule;
 }
 
-void runCommand(const Command& command, const std::string& argument) {
-  if (command.run) return command.run(argument);
-  const std::string name = *command.label ? command.label : command.method;
-  core::message("The command '" + name + "' is not in this build yet.", ui::Icon::information);
+ToolbarCall::ToolbarCall(std::string_view parameter) {
+  if (parameter.starts_with('!')) {
+    counted = false;
+    parameter.remove_prefix(1);
+  }
+  text = parameter;
+  const std::size_t blank = parameter.find(' ');
+  method = parameter.substr(0, blank);
+  if (blank != std::string_view::npos) argument = parameter.substr(blank + 1);
+}
+
+void runMethod(const std::string& method, const std::optional<std::string>& argument) {
+  const Command* command = findCommand(method);
+  if (command && !TrimlineTools::hasMethod(method)) {
+    const std::string name = *command->label ? command->label : command->method;
+    core::message("\"" + name + "\" is not in this build yet.", ui::Icon::information);
+    return;
+  }
+  if (!core::globals().tools) base::raise(base::errors::objectNotSet);
+  core::globals().tools->callMethod(method, argument);
 }
 
 }  // namespace vellumark::commands

@@ -42,17 +42,15 @@ inline constexpr const char* trimlineTools = "statsTrimlineTools";
 struct Command {
   std::int16_t id;        ///< number on the ribbon, 0 where only toolbars have it
   std::int16_t secondId;  ///< the entry of a split button's menu that does the same, 0 for none
-  const char* method;     ///< the public name, as in a toolbar entry's parameter
-  const char* label;      ///< caption on toolbars; empty where only the ribbon has it
-  const char* counter;    ///< nullptr counts nothing
+  const char* method;   ///< the method of the Trimline Tools that does it, as in a toolbar entry's parameter
+  const char* label;    ///< caption on toolbars; empty where only the ribbon has it
+  const char* counter;  ///< nullptr counts nothing
   Rule rule;
-  Rule secondRule;  ///< of secondId
-  /// What it does, with the text behind the blank of a toolbar parameter. Without one the command is not in
-  /// this build.
-  void (*run)(const std::string& argument) = nullptr;
+  Rule secondRule;      ///< of secondId
+  bool toggle = false;  ///< a toggle button of the ribbon, which sets the host's property itself
 
-  bool inThisBuild() const { return run != nullptr || toggle; }
-  bool toggle = false;  ///< a toggle button, which sets the host's property itself
+  /// Whether its work is part of this program yet.
+  bool inThisBuild() const;
 };
 
 std::span<const Command> commandTable();
@@ -64,7 +62,19 @@ const Command* findCommand(std::string_view method);
 /// The rule of a ribbon number, of menus and split buttons that only open too; nothing where it has none.
 std::optional<Rule> ruleOf(std::int16_t id);
 
-/// Runs a command. One that is not in this build says so in one line and changes nothing.
-void runCommand(const Command& command, const std::string& argument = {});
+/// What the parameter of a toolbar's entry asks for: a name, behind the first blank an argument ("setLanguage
+/// 1031"), and in front a "!" where the usage isn't counted ("!about").
+struct ToolbarCall {
+  explicit ToolbarCall(std::string_view parameter);
+
+  std::string text;  ///< the parameter without the "!"
+  std::string method;
+  std::optional<std::string> argument;
+  bool counted = true;
+};
+
+/// Runs a command of that name in any case; 438 where there is none. One that is not in this build says so in
+/// one line and changes nothing.
+void runMethod(const std::string& method, const std::optional<std::string>& argument = {});
 
 }  // namespace vellumark::commands

@@ -1,7 +1,8 @@
 #include "commands/dispatch.h"
 
+#include <algorithm>
+
 #include "base/conversions.h"
-#include "base/error.h"
 #include "commands/command_table.h"
 #include "core/failure.h"
 #include "core/registry.h"
@@ -9,7 +10,7 @@
 namespace vellumark::commands {
 
 std::int16_t controlNumber(const std::string& id) {
-  return base::toInt16(id.size() > 3 ? std::string_view(id).substr(3) : std::string_view{});
+  return base::toInt16(std::string_view(id).substr(std::min(id.size(), std::size_t{3})));
 }
 
 void runUndoFix() {
@@ -50,13 +51,6 @@ const char* counterOf(std::string_view parameter) {
 void count(const char* counter) {
   const std::int32_t value = base::toInt32(core::getRegistry(counter, "", "0"));
   core::setRegistry(counter, std::to_string(base::add32(value, 1)), "");
-}
-
-void runParameter(const std::string& parameter) {
-  const std::size_t blank = parameter.find(' ');
-  const Command* command = findCommand(std::string_view(parameter).substr(0, blank));
-  if (!command) base::raise(base::errors::noSuchMember);
-  runCommand(*command, blank == std::string::npos ? std::string() : parameter.substr(blank + 1));
 }
 
 }  // namespace vellumark::commands

@@ -17,13 +17,9 @@ void runUndoFix();
 /// The counter of a ribbon number, nullptr where it counts nothing. Galleries count too, by numbers above
 /// 2000.
 const char* counterOf(std::int16_t number);
-/// The counter of a toolbar entry's parameter.
+/// The counter of a toolbar entry, by its parameter without the "!".
 const char* counterOf(std::string_view parameter);
 /// Adds 1 to a usage counter. A value that is no number raises 13, one at the limit 6.
 void count(const char* counter);
-
-/// Runs what a toolbar parameter names: "alignLefts", or a name and its one argument behind the first blank,
-/// "setLanguage 1031". 438 for a name that is no command.
-void runParameter(const std::string& parameter);
 
 }  // namespace vellumark::commands

@@ -4,11 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "commands/tools_bar.h"
 #include "core/globals.h"
 
 namespace vellumark::commands {
-
-inline constexpr const char* toolsBarName = "Vellumark for presentations - Trimline Tools";
 
 /// Builds the bars at start-up, keeps their click handlers alive, saves their positions and removes them at
 /// the end.
@@ -17,12 +16,13 @@ class pptControls : public core::ToolbarControls {
   /// The host; an empty handle lets go of it.
   void PowerPointApp(const host::Application& application);
 
+  /// Builds the bars. One that an earlier run left behind stays as it is.
   void CreateControls() override;
   void DeleteControls() override;
   /// Loads "menu.xml" and what else a ribbon host loads in onLoad.
   void generateMenuFromXML();
 
-  /// The bar of that name, made where it is missing.
+  /// The bar of that name, made where it is missing. DeleteControls() removes it.
   host::CommandBar createCmdBar(const std::string& name);
   /// Keeps and restores where a bar stands, in the settings store's subkey of its name.
   void saveCmdBarPosition(const std::string& name);
@@ -38,26 +38,27 @@ class pptControls : public core::ToolbarControls {
   void tlnButton_Click(const host::CommandBarButton& button, bool& cancelDefault);
 
  private:
-  struct Entry {
+  struct Button {
     std::string parameter;
     std::string caption;
-    int icon = 0;            ///< index into the image lists, or the host's own face
-    bool customIcon = true;  ///< whether `icon` means the image lists
+    int icon = 0;             ///< index into the add-in's own pictures, or the number of a face of the host's
+    bool customIcon = false;  ///< which of the two `icon` means
     bool beginGroup = false;
     int helpId = 0;
-    bool hasHandler = true;
   };
-  void addButton(const host::CommandBarControls& controls, const Entry& entry);
-  host::CommandBarControls addPopup(const host::CommandBar& bar, const std::string& caption);
+  void addButton(const host::CommandBarControls& controls, const Button& button);
+  void addEntry(const host::CommandBar& bar, const toolsBar::Entry& entry);
+  void addPopupEntry(const host::CommandBarPopup& popup, const toolsBar::Entry& entry);
+  host::CommandBarPopup addPopup(const host::CommandBar& bar, const std::string& caption);
   void AddStandardItemToToolbar(const host::CommandBar& bar, int id, bool beginGroup);
   void addLanguageButtons(const host::CommandBar& bar);
   void createToolsBar();
-  host::CommandBar findBar(const std::string& name);
+  host::CommandBar findBar(const std::string& name) const;
 
   host::Application application_;
   std::vector<host::CommandBar> bars_;
-  std::vector<host::Subscription> handlers_;
-  std::vector<std::string> shownHelpIds_;
+  std::vector<host::Subscription> clicks_;
+  std::vector<std::string> shownHelpIds_;  ///< empty shows all entries
 };
 
 }  // namespace vellumark::commands

@@ -3,7 +3,7 @@
 #include <initializer_list>
 
 #include "base/conversions.h"
-#include "commands/ppt_controls.h"
+#include "commands/tools_bar.h"
 #include "core/failure.h"
 #include "core/helpers.h"
 
@@ -16,8 +16,6 @@ using core::trap;
 using host::Selection;
 using host::Shape;
 using host::ShapeRange;
-
-constexpr const char* toolsPopup = "Tools";
 
 bool isTransition(const base::Error& error) { return error.number() == base::errors::unspecific; }
 
@@ -96,7 +94,7 @@ void pptEvents::checkSelection() {
 
 AngleCheck pptEvents::check90degr(const ShapeRange& range) {
   return trap("pptEvents, check90degr", [&] {
-    AngleCheck check;
+    AngleCheck check{true, true, true, true};
     double firstRotation = 0;
     const int count = range.Count();
     for (int i = 1; i <= count; ++i) {
@@ -238,8 +236,9 @@ namespace {
 using Names = std::initializer_list<const char*>;
 
 void toggleAll(pptEvents& events, bool enabled, Names onBar, Names inTools = {}) {
-  for (const char* name : onBar) events.toggleButton(toolsBarName, name, enabled);
-  for (const char* name : inTools) events.togglePopupEntry(toolsBarName, toolsPopup, name, enabled);
+  for (const char* name : onBar) events.toggleButton(toolsBar::name, name, enabled);
+  for (const char* name : inTools)
+    events.togglePopupEntry(toolsBar::name, toolsBar::toolsPopup, name, enabled);
 }
 
 }  // namespace
@@ -310,42 +309,56 @@ void pptEvents::toggleTwoOrMoreShapes90degr(bool enabled) {
   });
 }
 
+namespace {
+
+struct TextToggles {
+  host::CommandBarButton fit, wrap;
+
+  TextToggles() {
+    const host::CommandBars bars = core::globals().powerPointApp.CommandBars();
+    const host::CommandBarControls controls = bars.Item(toolsBar::name).Controls();
+    fit = controls.Item("Fit AutoShape to text");
+    wrap = controls.Item("Wrap text in AutoShape");
+  }
+  void release() const {
+    fit.State(host::msoButtonUp);
+    wrap.State(host::msoButtonUp);
+  }
+};
+
+/// Shows what a property of the selected text frames is: on, off or, where they differ, neither.
+void showState(const host::CommandBarButton& button, int value, int on) {
+  if (value == host::mixed) button.State(host::msoButtonMixed);
+  if (value == 0) button.State(host::msoButtonUp);
+  if (value == on) button.State(host::msoButtonDown);
+}
+
+}  // namespace
+
+// Hosts without toolbars have no such buttons.
 void pptEvents::toggleAutoShapeTextState(Selection& selection) {
-  host::CommandBarControl fit, wrap;
   trap(
       "pptEvents, toggleAutoShapeTextState",
       [&] {
         if (!isHostVersion(host::toolbarHosts)) return;
-        const host::Application& application = core::globals().powerPointApp;
-        selection = application.ActiveWindow().Selection();
-        const host::CommandBarControls controls = application.CommandBars().Item(toolsBarName).Controls();
-        fit = controls.Item("Fit AutoShape to text");
-        wrap = controls.Item("Wrap text in AutoShape");
-        const auto show = [&](int fitState, int wrapState) {
-          fit.State(fitState);
-          wrap.State(wrapState);
-        };
-        const int view = application.ActiveWindow().ActivePane().ViewType();
-        const bool onSheet =
-            view == host::ppViewSlide || view == host::ppViewSlideMaster || view == host::ppViewTitleMaster;
-        const int type = selection.Type();
-        if (!onSheet || (type != host::ppSelectionShapes && type != host::ppSelectionText) ||
-            selection.ShapeRange().HasTextFrame() == 0) {
-          return show(host::msoButtonUp, host::msoButtonUp);
+        const host::DocumentWindow window = core::globals().powerPointApp.ActiveWindow();
+        selection = window.Selection();
+        const TextToggles toggles;
+        const int view = window.ActivePane().ViewType();
+        if (view != host::ppViewSlide && view != host::ppViewSlideMaster && view != host::ppViewTitleMaster) {
+          return toggles.release();
         }
+        const int type = selection.Type();
+        const bool shapes = type == host::ppSelectionShapes || type == host::ppSelectionText;
+        // A range of which only some shapes take text has no common frame to ask.
+        if (!shapes || selection.ShapeRange().HasTextFrame() != host::msoTrue) return toggles.release();
         const host::TextFrame frame = selection.ShapeRange().TextFrame();
-        const auto stateOf = [](int value) {
-          return value == host::mixed ? host::msoButtonMixed
-                 : value == 0         ? host::msoButtonUp
-                                      : host::msoButtonDown;
-        };
-        fit.State(stateOf(frame.AutoSize()));
-        wrap.State(stateOf(frame.WordWrap()));
+        showState(toggles.fit, frame.AutoSize(), host::ppAutoSizeShapeToFitText);
+        showState(toggles.wrap, frame.WordWrap(), host::msoTrue);
       },
       [&](const base::Error& error) {
         if (!isTransition(error)) return false;
-        resumeNext([&] { fit.State(host::msoButtonUp); });
-        resumeNext([&] { wrap.State(host::msoButtonUp); });
+        resumeNext([] { TextToggles().release(); });
         return true;
       });
 }

@@ -9,16 +9,19 @@ namespace vellumark::commands {
 
 /// What the older hosts' rules ask of a range of shapes, beside its length.
 struct AngleCheck {
-  bool allButLastRightAngled = true;
-  bool lastRightAngled = true;
-  bool sameRotation = true;
-  bool allProcessShapes = true;
+  bool allButLastRightAngled = false;
+  bool lastRightAngled = false;
+  bool sameRotation = false;
+  bool allProcessShapes = false;
 };
 
 class pptEvents : public core::ApplicationEvents {
  public:
   /// Connects to the events of an application; an empty handle stops them.
   void PowerPointApp(const host::Application& application);
+
+  /// While set, saving into a temporary folder brings no warning.
+  bool noTempFolderWarning = false;
 
   const core::SelectionFlags& flags() const override { return flags_; }
   void checkSelection() override;

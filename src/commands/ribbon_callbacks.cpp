@@ -1,5 +1,6 @@
 #include "commands/ribbon_callbacks.h"
 
+#include "base/conversions.h"
 #include "commands/command_table.h"
 #include "commands/dispatch.h"
 #include "core/failure.h"
@@ -39,7 +40,8 @@ void onAction(const host::IRibbonControl& control) {
   // Toggle buttons have a callback of their own.
   if (!command || command->toggle) return;
   const int place = languagePlace(number);
-  runCommand(*command, place >= 0 ? std::to_string(shortcut(place)) : std::string());
+  if (place >= 0) return runMethod(command->method, std::to_string(shortcut(place)));
+  runMethod(command->method);
 }
 
 void onActionTB(const host::IRibbonControl& control, bool pressed) {
@@ -54,6 +56,12 @@ void onActionTB(const host::IRibbonControl& control, bool pressed) {
     default:
       break;
   }
+}
+
+void copyright_onAction(const host::IRibbonControl& control) {
+  runUndoFix();
+  if (core::globals().powerPointApp.Windows().Count() < 1) return;
+  runMethod("insertCopyright", std::to_string(base::toInt16(control.Tag())));
 }
 
 bool getEnabled(const host::IRibbonControl& control) {

@@ -12,6 +12,8 @@ namespace vellumark::commands {
 void onAction(const host::IRibbonControl& control);
 /// A toggle button was pressed.
 void onActionTB(const host::IRibbonControl& control, bool pressed);
+/// An entry of the copyright menu was chosen; its tag is the notice's number.
+void copyright_onAction(const host::IRibbonControl& control);
 /// What the last look at the selection found for the control; only whether a window is open is asked anew.
 bool getEnabled(const host::IRibbonControl& control);
 bool getVisible(const host::IRibbonControl& control);

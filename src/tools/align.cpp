@@ -12,20 +12,35 @@ namespace {
 using core::trap;
 using host::Shape;
 
-/// Runs `step(master, follower)` for each follower of the selection, in the order of selecting.
-template <typename Step>
-void forEachFollower(Step&& step) {
-  const host::ShapeRange range = core::globals().powerPointApp.ActiveWindow().Selection().ShapeRange();
-  const int count = range.Count();
-  const Shape master = range.Item(count);
-  for (int i = 1; i < count; ++i) step(master, range.Item(i));
-}
+/// The shapes of the active window's selection, held for a whole run.
+class SelectedShapes {
+ public:
+  SelectedShapes()
+      : range_(core::globals().powerPointApp.ActiveWindow().Selection().ShapeRange()),
+        count_(range_.Count()),
+        master_(range_.Item(count_)) {}
+
+  const Shape& master() const { return master_; }
+
+  /// Runs `step(follower)` for all but the master, in the order of selecting.
+  template <typename Step>
+  void eachFollower(Step&& step) const {
+    for (int i = 1; i < count_; ++i) step(range_.Item(i));
+  }
+
+ private:
+  host::ShapeRange range_;
+  int count_;
+  Shape master_;
+};
 
 }  // namespace
 
 void TrimlineTools::align(Mode mode) {
   trap("TrimlineTools, align", [&] {
-    forEachFollower([&](const Shape& m, const Shape& s) {
+    const SelectedShapes shapes;
+    const Shape& m = shapes.master();
+    shapes.eachFollower([&](const Shape& s) {
       switch (mode) {
         case Mode::left:
           return setLeft(s, getLeft(m));
@@ -48,68 +63,48 @@ void TrimlineTools::align(Mode mode) {
 
 void TrimlineTools::alignSizes(Mode mode) {
   trap("TrimlineTools, alignSizes", [&] {
-    forEachFollower([&](const Shape& m, const Shape& s) {
+    const SelectedShapes shapes;
+    const Shape& m = shapes.master();
+    shapes.eachFollower([&](const Shape& s) {
       if (mode == Mode::height || mode == Mode::widthAndHeight) setHeight(s, getHeight(m));
       if (mode == Mode::width || mode == Mode::widthAndHeight) setWidth(s, getWidth(m));
     });
   });
 }
 
-/// Each follower's centre goes to the golden section of the master's height, measured from its top.
+// Each follower's centre goes to the golden section of the master's height, measured from its top. The
+// location is that of align.
 void TrimlineTools::alignVerticallyInGoldenSection() {
   trap("TrimlineTools, align", [&] {
-    forEachFollower([&](const Shape& m, const Shape& s) {
-      const double section = 2 / (std::sqrt(5.0) + 3);
+    const double section = 2 / (std::sqrt(5.0) + 3);
+    const SelectedShapes shapes;
+    const Shape& m = shapes.master();
+    shapes.eachFollower([&](const Shape& s) {  //
       setTop(s, getTop(m) + getHeight(m) * section - getHeight(s) / 2);
     });
   });
 }
 
-// The size is set first and the position second, since the setters of sizes may shift the frame. A new size
-// of zero or less leaves the follower untouched.
 void TrimlineTools::stretch(Mode mode) {
   trap("TrimlineTools, stretch", [&] {
-    RotatedMetrics mr;
-    bool measured = false;
-    forEachFollower([&](const Shape& m, const Shape& s) {
-      if (!measured) mr = getRotatedMetrics(m);
-      measured = true;
+    const SelectedShapes shapes;
+    const RotatedMetrics mr = getRotatedMetrics(shapes.master());
+    shapes.eachFollower([&](const Shape& s) {
       const RotatedMetrics sr = getRotatedMetrics(s);
+      double delta = 0;
       switch (mode) {
-        case Mode::left: {
-          const double delta = sr.Left - mr.Left;
-          const double width = sr.Width + delta;
-          if (width > 0) {
-            setWidth(s, width);
-            setLeft(s, sr.Left - delta);
-          }
-          return;
-        }
-        case Mode::right: {
-          const double width = sr.Width + (mr.Width + mr.Left - sr.Left - sr.Width);
-          if (width > 0) {
-            setWidth(s, width);
-            setLeft(s, sr.Left);
-          }
-          return;
-        }
-        case Mode::top: {
-          const double delta = sr.Top - mr.Top;
-          const double height = sr.Height + delta;
-          if (height > 0) {
-            setHeight(s, height);
-            setTop(s, sr.Top - delta);
-          }
-          return;
-        }
-        case Mode::bottom: {
-          const double height = sr.Height + (mr.Height + mr.Top - sr.Top - sr.Height);
-          if (height > 0) {
-            setHeight(s, height);
-            setTop(s, sr.Top);
-          }
-          return;
-        }
+        case Mode::left:
+          delta = sr.Left - mr.Left;
+          return spanHorizontally(s, sr.Left - delta, sr.Width + delta);
+        case Mode::right:
+          delta = mr.Width + mr.Left - sr.Left - sr.Width;
+          return spanHorizontally(s, sr.Left, sr.Width + delta);
+        case Mode::top:
+          delta = sr.Top - mr.Top;
+          return spanVertically(s, sr.Top - delta, sr.Height + delta);
+        case Mode::bottom:
+          delta = mr.Height + mr.Top - sr.Top - sr.Height;
+          return spanVertically(s, sr.Top, sr.Height + delta);
         default:
           return;
       }
@@ -119,7 +114,9 @@ void TrimlineTools::stretch(Mode mode) {
 
 void TrimlineTools::moveToMaster(Mode mode) {
   trap("TrimlineTools, moveToMaster", [&] {
-    forEachFollower([&](const Shape& m, const Shape& s) {
+    const SelectedShapes shapes;
+    const Shape& m = shapes.master();
+    shapes.eachFollower([&](const Shape& s) {
       switch (mode) {
         case Mode::left:
           return setLeft(s, getLeft(m) + getWidth(m));
@@ -138,54 +135,43 @@ void TrimlineTools::moveToMaster(Mode mode) {
 
 void TrimlineTools::stretchToMaster(Mode mode) {
   trap("TrimlineTools, stretchToMaster", [&] {
-    RotatedMetrics mr;
-    bool measured = false;
-    forEachFollower([&](const Shape& m, const Shape& s) {
-      if (!measured) mr = getRotatedMetrics(m);
-      measured = true;
+    const SelectedShapes shapes;
+    const RotatedMetrics mr = getRotatedMetrics(shapes.master());
+    shapes.eachFollower([&](const Shape& s) {
       const RotatedMetrics sr = getRotatedMetrics(s);
+      double delta = 0;
       switch (mode) {
-        case Mode::left: {
-          const double delta = sr.Left - mr.Left - mr.Width;
-          const double width = sr.Width + delta;
-          if (width > 0) {
-            setWidth(s, width);
-            setLeft(s, sr.Left - delta);
-          }
-          return;
-        }
-        case Mode::right: {
-          const double delta = getLeft(m) - getLeft(s) - getWidth(s);
-          const double width = getWidth(s) + delta;
-          if (width > 0) {
-            setWidth(s, width);
-            setLeft(s, sr.Left);
-          }
-          return;
-        }
-        case Mode::top: {
-          const double delta = sr.Top - mr.Top - mr.Height;
-          const double height = sr.Height + delta;
-          if (height > 0) {
-            setHeight(s, height);
-            setTop(s, sr.Top - delta);
-          }
-          return;
-        }
-        case Mode::bottom: {
-          const double delta = getTop(m) - getTop(s) - getHeight(s);
-          const double height = getHeight(s) + delta;
-          if (height > 0) {
-            setHeight(s, height);
-            setTop(s, sr.Top);
-          }
-          return;
-        }
+        case Mode::left:
+          delta = sr.Left - mr.Left - mr.Width;
+          return spanHorizontally(s, sr.Left - delta, sr.Width + delta);
+        case Mode::right:
+          delta = mr.Left - sr.Left - sr.Width;
+          return spanHorizontally(s, sr.Left, sr.Width + delta);
+        case Mode::top:
+          delta = sr.Top - mr.Top - mr.Height;
+          return spanVertically(s, sr.Top - delta, sr.Height + delta);
+        case Mode::bottom:
+          delta = mr.Top - sr.Top - sr.Height;
+          return spanVertically(s, sr.Top, sr.Height + delta);
         default:
           return;
       }
     });
   });
+}
+
+// The size is set first and the position second, since the setters of sizes may shift the frame. The position
+// also follows where the setter refused a turned shape.
+void TrimlineTools::spanHorizontally(const Shape& shape, double left, double width) {
+  if (width <= 0) return;
+  setWidth(shape, width);
+  setLeft(shape, left);
+}
+
+void TrimlineTools::spanVertically(const Shape& shape, double top, double height) {
+  if (height <= 0) return;
+  setHeight(shape, height);
+  setTop(shape, top);
 }
 
 #define VELLUMARK_COMMAND(name, procedure, mode)                   \

@@ -1,8 +1,8 @@
 // Measuring and placing shapes by their visual boxes.
 
 #include <cmath>
-#include <string>
 
+#include "base/conversions.h"
 #include "core/failure.h"
 #include "core/helpers.h"
 #include "core/message.h"
@@ -11,14 +11,12 @@
 namespace vellumark::tools {
 namespace {
 
+using base::toSingle;
 using core::trap;
 using host::Shape;
 
 /// Pi to these 15 digits and no more: the noise that they leave at right angles belongs to the figures.
 constexpr double pi = 3.14159265358979;
-
-/// The single that the host stores.
-float single(double value) { return static_cast<float>(value); }
 
 void refuse(const char* text) { core::message(text, ui::Icon::critical); }
 
@@ -56,12 +54,12 @@ double TrimlineTools::getHeight(const Shape& shape) {
 
 void TrimlineTools::setLeft(const Shape& shape, double x) {
   trap("TrimlineTools, setLeft",
-       [&] { shape.Left(single(x + 0.5 * getWidth(shape) - 0.5 * shape.Width())); });
+       [&] { shape.Left(toSingle(x + 0.5 * getWidth(shape) - 0.5 * shape.Width())); });
 }
 
 void TrimlineTools::setTop(const Shape& shape, double y) {
   trap("TrimlineTools, setTop",
-       [&] { shape.Top(single(y + 0.5 * getHeight(shape) - 0.5 * shape.Height())); });
+       [&] { shape.Top(toSingle(y + 0.5 * getHeight(shape) - 0.5 * shape.Height())); });
 }
 
 // At 90 and 270 degrees the frame's sides have changed roles. Where the position is corrected it is written
@@ -71,16 +69,16 @@ void TrimlineTools::setWidth(const Shape& shape, double width) {
   trap("TrimlineTools, setWidth", [&] {
     const double rotation = core::normalizeRotation(shape);
     if (rotation == 0) {
-      shape.Width(single(width));
+      shape.Width(toSingle(width));
     } else if (rotation == 90) {
-      shape.Left(single(shape.Left() + width - shape.Height()));
-      shape.Height(single(width));
+      shape.Left(toSingle(shape.Left() + width - shape.Height()));
+      shape.Height(toSingle(width));
     } else if (rotation == 180) {
-      shape.Left(single(shape.Left() + width - shape.Width()));
-      shape.Width(single(width));
+      shape.Left(toSingle(shape.Left() + width - shape.Width()));
+      shape.Width(toSingle(width));
     } else if (rotation == 270) {
-      shape.Left(single(shape.Left() + width - shape.Width()));
-      shape.Height(single(width));
+      shape.Left(toSingle(shape.Left() + width - shape.Width()));
+      shape.Height(toSingle(width));
     } else {
       refuse("Shape width can only be set if shape is rotated by a multiple of 90 degrees.");
     }
@@ -91,16 +89,16 @@ void TrimlineTools::setHeight(const Shape& shape, double height) {
   trap("TrimlineTools, setHeight", [&] {
     const double rotation = core::normalizeRotation(shape);
     if (rotation == 0) {
-      shape.Height(single(height));
+      shape.Height(toSingle(height));
     } else if (rotation == 90) {
-      shape.Top(single(shape.Top() + height - shape.Height()));
-      shape.Width(single(height));
+      shape.Top(toSingle(shape.Top() + height - shape.Height()));
+      shape.Width(toSingle(height));
     } else if (rotation == 180) {
-      shape.Top(single(shape.Top() + height - shape.Height()));
-      shape.Height(single(height));
+      shape.Top(toSingle(shape.Top() + height - shape.Height()));
+      shape.Height(toSingle(height));
     } else if (rotation == 270) {
-      shape.Top(single(shape.Top() + height - shape.Width()));
-      shape.Width(single(height));
+      shape.Top(toSingle(shape.Top() + height - shape.Width()));
+      shape.Width(toSingle(height));
     } else {
       refuse("Shape height can only be set if shape is rotated by a multiple of 90 degrees.");
     }

@@ -51,7 +51,7 @@ void TrimlineTools::reference() {
   trap("TrimlineTools, reference", [] { core::showHelpContextID(referenceTopic); });
 }
 
-/// Updating is the work of a second add-in, which is connected where it isn't and asked to look.
+// Updating is the work of a second add-in, which is connected where it isn't and asked to look.
 void TrimlineTools::startUpdate() {
   trap("TrimlineTools, startUpdate", [] {
     const host::COMAddIns addIns = core::globals().powerPointApp.COMAddIns();
@@ -63,9 +63,8 @@ void TrimlineTools::startUpdate() {
       return;
     }
     core::message(
-        "The Add-In for automatic updates has not been installed correctly. Please check your installation "
-        "and contact us "
-        "at " +
+        "The Add-In for automatic updates has not been installed correctly. "
+        "Please check your installation and contact us at " +
             std::string(core::supportEmail) + " if the problem persists.",
         ui::Icon::critical);
   });

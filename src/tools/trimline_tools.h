@@ -1,6 +1,10 @@
 #pragma once
 // The object that holds the commands on shapes, text and slides.
 
+#include <optional>
+#include <string>
+#include <string_view>
+
 #include "host/shape.h"
 
 namespace vellumark::tools {
@@ -74,6 +78,12 @@ class TrimlineTools {
   void reference();
   void startUpdate();
 
+  /// Calls a command by its name, in any case, as the parameter of a toolbar's entry has it: 438 for a name
+  /// that is none, 450 where an argument is handed to a command that takes none.
+  void callMethod(std::string_view name, const std::optional<std::string>& argument = {});
+  /// Whether callMethod() knows the name.
+  static bool hasMethod(std::string_view name);
+
  private:
   RotatedMetrics getRotatedMetrics(const host::Shape& shape);
 
@@ -94,6 +104,9 @@ class TrimlineTools {
   void stretch(Mode mode);
   void moveToMaster(Mode mode);
   void stretchToMaster(Mode mode);
+  /// Gives the visual box a new size and place; a size of zero or less leaves the shape untouched.
+  void spanHorizontally(const host::Shape& shape, double left, double width);
+  void spanVertically(const host::Shape& shape, double top, double height);
 };
 
 }  // namespace vellumark::tools

@@ -54,19 +54,19 @@ class Canvas {
   void clear() { commands_.clear(); }
 
   void rectangle(double x, double y, double width, double height, Color fill) {
-    commands_.push_back(Rectangle{x, y, width, height, fill});
+    commands_.emplace_back(Rectangle{x, y, width, height, fill});
   }
   void ellipse(double x, double y, double width, double height, Color fill) {
-    commands_.push_back(Ellipse{x, y, width, height, fill});
+    commands_.emplace_back(Ellipse{x, y, width, height, fill});
   }
   void line(double x1, double y1, double x2, double y2, Color color, double width = 1) {
-    commands_.push_back(Line{x1, y1, x2, y2, color, width});
+    commands_.emplace_back(Line{x1, y1, x2, y2, color, width});
   }
   void text(double x, double y, const std::string& text, double size, Color color, bool bold = false) {
-    commands_.push_back(Text{x, y, text, size, color, bold});
+    commands_.emplace_back(Text{x, y, text, size, color, bold});
   }
   void image(double x, double y, double width, double height, const std::string& path) {
-    commands_.push_back(Image{x, y, width, height, path});
+    commands_.emplace_back(Image{x, y, width, height, path});
   }
 
  private:

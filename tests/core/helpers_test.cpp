@@ -34,12 +34,6 @@ TEST(NormalizeRotation, CountsTurnsOfTheRoundedAngle) {
   EXPECT_NEAR(normalizeRotation(shapeAt(359.6F)), -0.4, 1e-4);
 }
 
-TEST(NormalizeRotation, AFailingShapeGivesZero) {
-  test::Failures failures;
-  EXPECT_EQ(normalizeRotation(host::Shape()), 0);
-  EXPECT_EQ(failures.take(), Told{"Globals, normalizeRotation: 91"});
-}
-
 TEST(ByteArrays, SubClipsAndWritesTheLengthBack) {
   struct Case {
     std::int32_t start, length;
@@ -167,13 +161,6 @@ TEST(Ids, AreUpperCaseGroups) {
   const std::string id = getGUID();
   EXPECT_TRUE(std::regex_match(id, std::regex("[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}"))) << id;
   EXPECT_NE(id, getGUID());
-}
-
-TEST(SystemPaths, EndInABackslash) {
-  const test::EnvironmentGuard temporary("TMPDIR", "/var/tmp/deep");
-  const test::EnvironmentGuard cache("XDG_CACHE_HOME", "/var/cache/");
-  EXPECT_EQ(getTmpPath(), "\\var\\tmp\\deep\\");
-  EXPECT_EQ(getInternetCachePath(), "\\var\\cache\\");
 }
 
 TEST(OpenUrl, AFailureWithoutACommaFailsInItsTurn) {

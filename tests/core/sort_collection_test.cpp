@@ -2,10 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
-#include "support/failures.h"
-
 namespace vellumark::core {
 namespace {
 
@@ -71,17 +67,6 @@ TEST(SortCollection, WhatMovesGetsTheKeyOfItsPropertyOrNone) {
   SortCollection(list, "Value", false, "", property);
   EXPECT_EQ(namesOf(list), "ba");
   EXPECT_FALSE(list.contains("b") || list.contains("key b"));
-}
-
-TEST(SortCollection, FailuresLeaveTheListAsFarAsItIs) {
-  test::Failures failures;
-  KeyedList<Item> list = listOf({3, 1, 2});
-  SortCollection(list, "Size", false, "", property);
-  EXPECT_EQ(namesOf(list), "abc");
-  list = listOf({1, host::missing});
-  SortCollection(list, "Value", false, "", property);
-  EXPECT_EQ(failures.take(),
-            (std::vector<std::string>{"Globals, SortCollection: 438", "Globals, SortCollection: 13"}));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "base/error.h"
 #include "support/temp_folder.h"
 
 namespace vellumark::core {
@@ -35,17 +34,6 @@ TEST(LoadXml, WhatIsNoDocumentLeavesItEmpty) {
   pugi::xml_document document;
   EXPECT_FALSE(loadXml(document, folder.path("missing.xml")));
   EXPECT_FALSE(loadXml(document, folder.root().string()));
-}
-
-TEST(Queries, MalformedExpressionsAreErrors) {
-  pugi::xml_document document;
-  document.append_child("r").append_child("a").append_attribute("name") = "x";
-  EXPECT_EQ(selectNodes(document, "/r/a[@name=\"x\"]").size(), 1U);
-  EXPECT_EQ(attributeText(selectSingleNode(document, "/r/a").node(), "name"), "x");
-  EXPECT_FALSE(selectSingleNode(document, "/r/b"));
-  EXPECT_THROW(selectNodes(document, "/r/a[@name=\"x\"\"]"), base::Error);
-  EXPECT_THROW(selectSingleNode(document, "//"), base::Error);
-  EXPECT_THROW(attributeText(document.child("r"), "name"), base::Error);
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 #include "base/error.h"
 #include "deck/embedded_host.h"
 #include "support/deck_builder.h"
-#include "support/zip_entries.h"
 #include "support/temp_folder.h"
+#include "support/zip_entries.h"
 
 namespace vellumark::deck {
 namespace {
@@ -179,10 +179,10 @@ TEST_F(Presentations, AddsSlidesWithTheLayoutsPlaceholders) {
   const struct {
     host::PpSlideLayout layout;
     std::vector<std::string> names;
-  } cases[] = {{host::ppLayoutTitleOnly, {"Title 1"}},
+  } cases[] = {{host::ppLayoutTitleOnly, {"Title Placeholder 1"}},
                {host::ppLayoutBlank, {}},
-               {host::ppLayoutText, {"Title 1", "Content Placeholder 2"}},
-               {host::ppLayoutTitle, {"Title 1", "Subtitle 2"}}};
+               {host::ppLayoutText, {"Title Placeholder 1", "Content Placeholder 2"}},
+               {host::ppLayoutTitle, {"Title Placeholder 1", "Subtitle Placeholder 2"}}};
   for (const auto& [layout, names] : cases) {
     const host::Slide slide = presentation.Slides().Add(presentation.Slides().Count() + 1, layout);
     std::vector<std::string> found;

@@ -1,0 +1,140 @@
+#include "arguments.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <optional>
+
+#include "base/text.h"
+#include "failure.h"
+
+namespace vellumark::app {
+namespace {
+
+[[noreturn]] void misused(const std::string& line) { throw Failure(Exit::usage, line); }
+
+/// A whole number from 1 up, and nothing else.
+std::optional<std::int32_t> parsePosition(std::string_view text) {
+  std::int32_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc{} || end != text.data() + text.size() || number < 1) return std::nullopt;
+  return number;
+}
+
+struct ViewName {
+  std::string_view name;
+  std::int32_t type;
+};
+constexpr std::array<ViewName, 10> views{{{"slide", host::ppViewSlide},
+                                          {"slidemaster", host::ppViewSlideMaster},
+                                          {"notes", host::ppViewNotesPage},
+                                          {"handoutmaster", host::ppViewHandoutMaster},
+                                          {"notesmaster", host::ppViewNotesMaster},
+                                          {"outline", host::ppViewOutline},
+                                          {"sorter", host::ppViewSlideSorter},
+                                          {"titlemaster", host::ppViewTitleMaster},
+                                          {"normal", host::ppViewNormal},
+                                          {"thumbnails", host::ppViewThumbnails}}};
+
+host::Shape byId(const host::Shapes& shapes, std::int32_t id) {
+  const int count = shapes.Count();
+  for (int i = 1; i <= count; ++i) {
+    if (host::Shape shape = shapes.Item(i); shape.Id() == id) return shape;
+  }
+  return {};
+}
+
+/// Names match exactly; only where none does, without the blanks around what the user wrote.
+std::vector<host::Shape> byName(const host::Shapes& shapes, const std::string& name) {
+  std::vector<host::Shape> exact, trimmed;
+  const int count = shapes.Count();
+  for (int i = 1; i <= count; ++i) {
+    const host::Shape shape = shapes.Item(i);
+    const std::string itsName = shape.Name();
+    if (itsName == name) exact.push_back(shape);
+    if (itsName == base::trim(name)) trimmed.push_back(shape);
+  }
+  return exact.empty() ? trimmed : exact;
+}
+
+}  // namespace
+
+std::vector<std::string> splitList(std::string_view list) {
+  std::vector<std::string> parts(1);
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    if (list[i] == '\\' && i + 1 < list.size() && (list[i + 1] == ',' || list[i + 1] == '\\')) {
+      parts.back() += list[++i];
+    } else if (list[i] == ',') {
+      parts.emplace_back();
+    } else {
+      parts.back() += list[i];
+    }
+  }
+  return parts;
+}
+
+std::vector<std::int32_t> parseSlides(std::string_view list, std::int32_t count) {
+  std::vector<std::int32_t> slides;
+  for (const std::string& part : base::split(list, ',')) {
+    const std::string range = base::trim(part);
+    const std::size_t dash = range.find('-');
+    const auto first = parsePosition(range.substr(0, dash));
+    const auto last = dash == std::string::npos ? first : parsePosition(range.substr(dash + 1));
+    if (!first || !last || *last < *first) {
+      misused("--slides: \"" + range + "\" is no slide and no range of slides; write for example 2,4-6");
+    }
+    if (*last > count) {
+      misused("--slides: the deck has no slide " + std::to_string(*last) + ", only " + std::to_string(count));
+    }
+    for (std::int32_t slide = *first; slide <= *last; ++slide) {
+      if (std::find(slides.begin(), slides.end(), slide) == slides.end()) slides.push_back(slide);
+    }
+  }
+  if (slides.empty()) misused("--slides: no slide is named; write for example 2,4-6");
+  return slides;
+}
+
+TextSpot parseTextSpot(std::string_view text) {
+  const std::size_t colon = text.rfind(':');
+  const std::size_t comma = colon == std::string_view::npos ? colon : text.find(',', colon);
+  if (comma != std::string_view::npos && colon > 0) {
+    const auto start = parsePosition(text.substr(colon + 1, comma - colon - 1));
+    const std::string_view length = text.substr(comma + 1);
+    const auto count = length == "0" ? std::optional<std::int32_t>(0) : parsePosition(length);
+    if (start && count) return {std::string(text.substr(0, colon)), *start, *count};
+  }
+  misused("--text: \"" + std::string(text) +
+          "\" is no stretch of text; write SHAPE:START,LENGTH, for example @2:1,5");
+}
+
+std::int32_t parseView(std::string_view name) {
+  std::vector<std::string> names;
+  for (const ViewName& view : views) {
+    if (base::equalsIgnoreCase(view.name, name)) return view.type;
+    names.emplace_back(view.name);
+  }
+  misused("--view: there is no view \"" + std::string(name) + "\"; there are " + base::join(names, ", "));
+}
+
+host::Shape findShape(const host::Shapes& shapes, const std::string& reference, const std::string& option) {
+  std::vector<host::Shape> found = byName(shapes, reference);
+  const std::string text = base::trim(reference);
+  if (found.empty() && text.size() > 1 && (text[0] == '#' || text[0] == '@')) {
+    const auto number = parsePosition(std::string_view(text).substr(1));
+    if (number && text[0] == '#') {
+      if (const host::Shape shape = byId(shapes, *number)) found.push_back(shape);
+    } else if (number && *number <= shapes.Count()) {
+      found.push_back(shapes.Item(*number));
+    }
+  }
+  if (found.empty()) {
+    misused(option + ": no shape \"" + text + "\" on the slide in view; \"vellumark show DECK\" lists them");
+  }
+  if (found.size() > 1) {
+    misused(option + ": " + std::to_string(found.size()) + " shapes are called \"" + text +
+            "\"; take one by its #id or @index");
+  }
+  return found.front();
+}
+
+}  // namespace vellumark::app

@@ -1,0 +1,36 @@
+#pragma once
+// What users write behind the options that point at slides, shapes and text.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/shape.h"
+
+namespace vellumark::app {
+
+/// A list split at its commas; "\," is a comma in a name and "\\" a backslash.
+std::vector<std::string> splitList(std::string_view list);
+
+/// Positions of slides from 1, in the order given: "2,4-6". A Failure of usage where it is none, or where one
+/// lies beyond `count`.
+std::vector<std::int32_t> parseSlides(std::string_view list, std::int32_t count);
+
+/// A stretch of text: SHAPE:START,LENGTH, characters counted from 1.
+struct TextSpot {
+  std::string shape;
+  std::int32_t start = 1;
+  std::int32_t length = 0;
+};
+TextSpot parseTextSpot(std::string_view text);
+
+/// The view of that name (PpViewType): slide, slidemaster, notes, handoutmaster, notesmaster, outline,
+/// sorter, titlemaster, normal or thumbnails.
+std::int32_t parseView(std::string_view name);
+
+/// The shape that a reference points at: its name, #id or @index (from 1, the one at the back first). A
+/// Failure of usage where there is none, or where several have the name. `option` is named in the failure.
+host::Shape findShape(const host::Shapes& shapes, const std::string& reference, const std::string& option);
+
+}  // namespace vellumark::app

@@ -1,0 +1,173 @@
+#include "command_line.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <string>
+
+#include "commands/commands.h"
+#include "commands/demo.h"
+#include "commands/run.h"
+#include "commands/show.h"
+#include "console.h"
+#include "core/config.h"
+
+namespace vellumark::app {
+namespace {
+
+const char* const overview = R"(Examples:
+  vellumark show deck.pptx                 what is on the slides, and how shapes are called
+  vellumark commands                       what can be done with them
+  vellumark run alignLefts deck.pptx --slide 3 --select 'Box 1,Box 2' -o aligned.pptx
+
+"vellumark SUBCOMMAND --help" tells more, with examples.
+
+Exit status: 0 done; 1 the command refused or failed; 2 wrong usage; 3 the deck can't be read or written.)";
+
+const char* const showHelp =
+    R"(A shape is named in other commands by its name, its "#" with the id, or its "@" with the position,
+as this list has them.
+
+Examples:
+  vellumark show deck.pptx
+  vellumark show deck.pptx --json | jq '.slides[2].shapes[].name')";
+
+const char* const commandsHelp = R"(Examples:
+  vellumark commands | grep -i align
+  vellumark commands --json | jq '.[] | select(.inThisBuild) | .name')";
+
+const char* const runHelp =
+    R"(COMMAND is a method name (alignLefts), a ribbon number (1032, zp_1032) or a toolbar parameter
+("setLanguage 1031"); "vellumark commands" lists them. The master of a selection is the shape that is selected last.
+
+The command sees what it would see in PowerPoint after these clicks. Message boxes and dialogs that come up are told on
+standard error; --answer and --dialog answer them. Nothing is written without -o or --in-place, nor where the command
+broke off with an error.
+
+Examples:
+  vellumark run alignLefts deck.pptx --slide 3 --select 'Box 2,Box 1' -o out.pptx
+                                           Box 2 goes to the left edge of Box 1
+  vellumark run 1061 deck.pptx --select '@4,#12' --in-place
+                                           shape by position and by id; a comma in a name is written \,
+  vellumark run alignTops deck.pptx --select 'Text\, long,Box' --answer ok --json
+  vellumark run alignWidths deck.pptx --host 11.0 --select '@1,@2' -o out.pptx
+                                           as the button of a toolbar, on a host before the ribbon)";
+
+const char* const demoHelp =
+    R"(Takes the first slide with enough shapes, brings the row on it in line, makes it equally wide and closes its gaps.
+
+Example:
+  vellumark demo deck.pptx -o straight.pptx)";
+
+// Descriptions that take more than one line.
+const char* const selectDescription = R"(Select shapes on it in that order, the master last:
+name, #id or @index)";
+const char* const viewDescription = R"(The view: slide, slidemaster, notes, handoutmaster,
+notesmaster, outline, sorter, titlemaster, normal, thumbnails)";
+const char* const dialogDescription = R"(Answer a dialog; again for further ones, in order:
+'FORM: control=value; control(2)=value; button')";
+const char* const answerDescription = R"(Answer a message box by its button, an input box by its
+text; again for further ones, in order (default: the box's own))";
+
+/// Gives a help page its examples, and room for the longest option.
+void describe(CLI::App& command, const char* footer) {
+  command.footer(footer);
+  command.get_formatter()->column_width(34);
+}
+
+void addShow(CLI::App& program, ShowOptions& options) {
+  CLI::App& show = *program.add_subcommand("show", "List the slides of a deck and the shapes on them");
+  show.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
+  show.add_flag("--json", options.json, "As JSON");
+  describe(show, showHelp);
+}
+
+void addCommands(CLI::App& program, bool& json) {
+  CLI::App& commands = *program.add_subcommand("commands", "List the commands of the add-in");
+  commands.add_flag("--json", json, "As JSON");
+  describe(commands, commandsHelp);
+}
+
+void addRun(CLI::App& program, RunOptions& options) {
+  CLI::App& run = *program.add_subcommand("run", "Run a command on a deck");
+  run.add_option("COMMAND", options.command, "What to run")->required()->option_text(" ");
+  run.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
+  CLI::Option* out = run.add_option("-o", options.out, "Write the result there")->option_text("OUT");
+  run.add_flag("--in-place", options.inPlace, "Write the result over the deck")
+      ->excludes(out)
+      ->option_text(" ");
+  run.add_option("--slide", options.slide, "The slide in view (default 1)")->option_text("N");
+  CLI::Option* select = run.add_option("--select", options.select, selectDescription)->option_text("A,B,C");
+  CLI::Option* slides = run.add_option("--slides", options.slides, "Select slides instead")
+                            ->option_text("2,4-6")
+                            ->excludes(select);
+  run.add_option("--text", options.text, "Select text in a shape, characters from 1")
+      ->option_text("SHAPE:START,LENGTH")
+      ->excludes(select)
+      ->excludes(slides);
+  run.add_option("--view", options.view, viewDescription)->option_text("TYPE");
+  run.add_option("--host", options.host, "The version that the host reports: 9.0 to 16.0 (default 14.0)")
+      ->option_text("VERSION")
+      ->check(CLI::IsMember({"9.0", "10.0", "11.0", "12.0", "14.0", "15.0", "16.0"}));
+  run.add_option("--dialog", options.dialogs, dialogDescription)
+      ->option_text("SCRIPT")
+      ->allow_extra_args(false);
+  run.add_option("--answer", options.answers, answerDescription)
+      ->option_text("BUTTON")
+      ->allow_extra_args(false);
+  run.add_option("--root", options.root, "The installation (default: the program's own)")->option_text("DIR");
+  run.add_flag("--json", options.json, "Tell the shapes of the slide in view after the command, as JSON");
+  describe(run, runHelp);
+}
+
+void addDemo(CLI::App& program, DemoOptions& options) {
+  CLI::App& demo = *program.add_subcommand("demo", "Straighten a slide and show what moved");
+  demo.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
+  demo.add_option("-o", options.out, "Write the result there")->required()->option_text("OUT");
+  demo.add_option("--root", options.root, "The installation (default: the program's own)")
+      ->option_text("DIR");
+  describe(demo, demoHelp);
+}
+
+}  // namespace
+
+Exit runCommandLine(int argc, const char* const* argv) {
+  CLI::App program("Shape tools for business slides, on .pptx files, without PowerPoint.", "vellumark");
+  program.require_subcommand(1);
+  program.set_version_flag("--version", "vellumark " + std::string(core::addInVersion));
+  describe(program, overview);
+
+  ShowOptions showOptions;
+  bool commandsJson = false;
+  RunOptions runOptions;
+  DemoOptions demoOptions;
+  addShow(program, showOptions);
+  addCommands(program, commandsJson);
+  addRun(program, runOptions);
+  addDemo(program, demoOptions);
+
+  const auto chosen = [&] { return program.get_subcommands(); };
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::CallForVersion& version) {
+    print(std::string(version.what()) + "\n");
+    return Exit::done;
+  } catch (const CLI::CallForHelp&) {
+    print(program.help());
+    return Exit::done;
+  } catch (const CLI::ParseError& error) {
+    const bool none = chosen().empty();
+    const std::string what = none && argc > 1 && argv[1][0] != '-'
+                                 ? "there is no subcommand \"" + std::string(argv[1]) + "\""
+                                 : std::string(error.what());
+    throw Failure(Exit::usage, what + "; see \"vellumark " +
+                                   (none ? "" : chosen().front()->get_name() + " ") + "--help\"");
+  }
+  const std::string subcommand = chosen().front()->get_name();
+  if (subcommand == "show") return show(showOptions);
+  if (subcommand == "commands") return listCommands(commandsJson);
+  if (subcommand == "run") return run(runOptions);
+  return demo(demoOptions);
+}
+
+}  // namespace vellumark::app

@@ -1,0 +1,83 @@
+#include "commands/run.h"
+
+#include <nlohmann/json.hpp>
+
+#include "arguments.h"
+#include "boxes.h"
+#include "console.h"
+#include "deck_report.h"
+#include "files.h"
+#include "installation.h"
+#include "press.h"
+#include "questions.h"
+#include "session.h"
+
+namespace vellumark::app {
+namespace {
+
+/// Brings the window to where the command line wants it. What the host refuses here was asked for wrongly,
+/// unless the deck is broken.
+void arrange(Session& session, const RunOptions& options) {
+  try {
+    session.goToSlide(options.slide);
+    if (!options.view.empty()) session.showView(parseView(options.view));
+    if (!options.select.empty()) session.selectShapes(options.select);
+    if (!options.slides.empty()) session.selectSlides(options.slides);
+    if (!options.text.empty()) session.selectText(options.text);
+  } catch (const base::Error& error) {
+    if (error.number() == base::errors::unspecific) throw deckFailure(options.deck, error);
+    const std::string option = !options.select.empty()   ? "--select: "
+                               : !options.slides.empty() ? "--slides: "
+                               : !options.text.empty()   ? "--text: "
+                                                         : "--view: ";
+    throw Failure(Exit::usage, option + error.description());
+  }
+}
+
+std::string written(const RunOptions& options) {
+  if (options.out.empty() && !options.inPlace) return "nothing written: give -o OUT or --in-place\n";
+  return "written " + oneLine(options.inPlace ? options.deck : options.out) + "\n";
+}
+
+/// What moved, for people.
+std::string changesText(const std::vector<Snapshot>& before, const std::vector<Snapshot>& after) {
+  const Table table = boxTable(before, after, Show::changed);
+  if (table.empty()) return "";
+  return "The boxes that the eye sees, in points, before → after\n\n" + table.text("  ") + "\n";
+}
+
+}  // namespace
+
+Exit run(const RunOptions& options) {
+  const CommandCall call = findCommand(options.command);
+  const auto root = installationRoot(options.root);
+  requireDeck(options.deck);
+  if (!options.out.empty()) requireOther(options.out, options.deck);
+
+  Questions questions(options.dialogs, options.answers);
+  Session session(options.host, root);
+  session.open(options.deck);
+  arrange(session, options);
+
+  const std::vector<Snapshot> before = takeSnapshots(session.shapesInView());
+  questions.begin();
+  try {
+    press(session, call);
+  } catch (const Failure&) {
+    questions.requireWhole(call.command->method);
+    throw;
+  }
+  questions.requireWhole(call.command->method);
+
+  if (!options.out.empty() || options.inPlace) session.save(options.out);
+  const host::Shapes shapes = session.shapesInView();
+  if (options.json) {
+    print(jsonText(toJson(shapes ? reportShapes(shapes) : std::vector<ShapeReport>())));
+    tell(written(options));
+  } else {
+    print(changesText(before, takeSnapshots(shapes)) + written(options));
+  }
+  return questions.settle(call.command->method);
+}
+
+}  // namespace vellumark::app

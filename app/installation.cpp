@@ -1,0 +1,47 @@
+#include "installation.h"
+
+#include <initializer_list>
+#include <optional>
+
+#include "failure.h"
+
+namespace vellumark::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The folder that the program's own file lies in; empty where the system doesn't tell.
+fs::path programFolder() {
+  std::error_code unknown;
+  return fs::read_symlink("/proc/self/exe", unknown).parent_path();
+}
+
+/// The first path below the program's folder that is there.
+std::optional<fs::path> beside(std::initializer_list<const char*> candidates) {
+  const fs::path folder = programFolder();
+  for (const char* candidate : candidates) {
+    const fs::path path = (folder / candidate).lexically_normal();
+    std::error_code missing;
+    if (fs::exists(path, missing)) return path;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+fs::path installationRoot(const std::string& given) {
+  if (!given.empty()) {
+    std::error_code missing;
+    if (fs::is_directory(given, missing)) return fs::absolute(given).lexically_normal();
+    throw Failure(Exit::usage,
+                  "--root " + given + ": there is no such folder; give the root of an installation");
+  }
+  if (const auto addIn =
+          beside({"../product/addin", "../share/vellumark/addin", "../../share/vellumark/addin"})) {
+    return addIn->parent_path();
+  }
+  throw Failure(Exit::usage,
+                "the program's installation is missing beside it; name its root with --root DIR");
+}
+
+}  // namespace vellumark::app

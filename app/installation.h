@@ -1,0 +1,14 @@
+#pragma once
+// Where the program and its installation lie.
+
+#include <filesystem>
+#include <string>
+
+namespace vellumark::app {
+
+/// The root of the installation: `given`, or that of the program itself, beside its build folder
+/// ("../product") or below its prefix ("../share/vellumark", or "../../share/vellumark" from a folder of its
+/// own). A Failure of usage where there is none.
+std::filesystem::path installationRoot(const std::string& given);
+
+}  // namespace vellumark::app

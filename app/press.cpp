@@ -1,0 +1,124 @@
+#include "press.h"
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+#include "base/text.h"
+#include "failure.h"
+
+namespace vellumark::app {
+namespace {
+
+[[noreturn]] void refuse(const CommandCall& call, const std::string& why) {
+  throw Failure(Exit::refused, std::string(call.command->method) + ": " + why);
+}
+
+/// The number of "1032" or "zp_1032".
+std::optional<std::int16_t> ribbonNumber(std::string_view text) {
+  if (base::equalsIgnoreCase(text.substr(0, 3), "zp_")) text.remove_prefix(3);
+  std::int16_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc{} || end != text.data() + text.size() || number < 1) return std::nullopt;
+  return number;
+}
+
+/// The ribbon has no button for each language, but one for each of the user's three: that of the argument, or
+/// the first.
+std::int16_t languageNumber(const CommandCall& call) {
+  if (call.argument.empty()) return call.number;
+  const auto& shortcuts = core::globals().languageShortcuts;
+  for (std::size_t i = 0; i < shortcuts.size(); ++i) {
+    if (shortcuts[i] > 0 && std::to_string(shortcuts[i]) == call.argument) {
+      return static_cast<std::int16_t>(1093 + i);
+    }
+  }
+  refuse(call, call.argument + " is none of the user's languages; take a host with toolbars: --host 11.0");
+}
+
+void pressOnRibbon(Session& session, const CommandCall& call) {
+  if (call.number == 0)
+    refuse(call, "the ribbon has no button for it; take a host with toolbars: --host 11.0");
+  const bool language = base::equalsIgnoreCase(call.command->method, "setLanguage");
+  const std::int16_t number = language ? languageNumber(call) : call.number;
+  const host::IRibbonControl control = ribbonControl(number);
+  addin::Connect& addIn = session.addIn();
+  if (!addIn.getEnabled(control)) {
+    const auto rule = commands::ruleOf(number);
+    refuse(call, "disabled for this selection; it needs " + (rule ? rule->text() : "another one") +
+                     ": see --select and --slides");
+  }
+  if (call.command->toggle) {
+    addIn.onActionTB(control, !addIn.getPressed(control));
+  } else {
+    addIn.onAction(control);
+  }
+}
+
+/// The button with one of these parameters among controls and in the popups among them; nothing where there
+/// is none.
+host::CommandBarControl findButton(const host::CommandBarControls& controls,
+                                   const std::vector<std::string>& parameters) {
+  const int count = controls.Count();
+  for (int i = 1; i <= count; ++i) {
+    const host::CommandBarControl control = controls.Item(i);
+    const int type = control.Type();
+    if (type == host::msoControlPopup) {
+      if (const auto button = findButton(control.Controls(), parameters)) return button;
+    } else if (type == host::msoControlButton) {
+      const std::string parameter = control.Parameter();
+      const bool found = std::any_of(parameters.begin(), parameters.end(), [&](const std::string& wanted) {
+        return base::equalsIgnoreCase(wanted, parameter);
+      });
+      if (found) return control;
+    }
+  }
+  return {};
+}
+
+void pressOnToolbar(Session& session, const CommandCall& call) {
+  const std::string method = call.command->method;
+  const std::string parameter = call.argument.empty() ? method : method + " " + call.argument;
+  const host::CommandBars bars = session.application().CommandBars();
+  host::CommandBarControl button;
+  const int count = bars.Count();
+  for (int i = 1; i <= count && !button; ++i) {
+    button = findButton(bars.Item(i).Controls(), {parameter, "!" + parameter});
+  }
+  if (!button) refuse(call, "no toolbar has a button for it; take a host with a ribbon: --host 14.0");
+  if (!button.Enabled()) {
+    refuse(call, "disabled for this selection on the toolbar; on the ribbon it needs " +
+                     call.command->rule.text() + ": see --select, --slides and --view");
+  }
+  host::callByName(button.object(), "Execute");
+}
+
+}  // namespace
+
+CommandCall findCommand(const std::string& name) {
+  std::string text = base::trim(name);
+  if (text.starts_with('!')) text.erase(0, 1);
+  if (const auto number = ribbonNumber(text)) {
+    if (const commands::Command* command = commands::findCommand(*number)) return {command, *number, {}};
+  } else {
+    const std::size_t blank = text.find(' ');
+    const std::string method = text.substr(0, blank);
+    if (const commands::Command* command = commands::findCommand(method)) {
+      return {command, command->id, blank == std::string::npos ? "" : text.substr(blank + 1)};
+    }
+  }
+  throw Failure(Exit::usage, name + ": there is no such command; \"vellumark commands\" lists them");
+}
+
+void press(Session& session, const CommandCall& call) {
+  if (!call.command->inThisBuild()) refuse(call, "not in this build; \"vellumark commands\" tells which are");
+  try {
+    session.hasRibbon() ? pressOnRibbon(session, call) : pressOnToolbar(session, call);
+  } catch (const base::Error& error) {
+    // What has a text of its own says all; the standard texts are told apart by their numbers.
+    const bool standard = error.description() == base::standardDescription(error.number());
+    refuse(call, error.description() + (standard ? " (" + std::to_string(error.number()) + ")" : ""));
+  }
+}
+
+}  // namespace vellumark::app

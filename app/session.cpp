@@ -1,0 +1,107 @@
+#include "session.h"
+
+#include <algorithm>
+
+#include "arguments.h"
+#include "base/trap.h"
+#include "failure.h"
+#include "files.h"
+#include "platform/paths.h"
+
+namespace vellumark::app {
+
+Session::Session(const std::string& hostVersion, const std::filesystem::path& installation)
+    : host_(hostVersion), addIn_(platform::fromSystem((installation / "addin").string())) {
+  addIn_.IDTExtensibility2_OnConnection(application(), {}, {}, {});
+  if (!host_.state()->beforeRibbon()) {
+    ribbon_ = std::make_shared<Ribbon>();
+    addIn_.onLoad(host::IRibbonUI(ribbon_));
+  }
+}
+
+Session::~Session() {
+  base::resumeNext([&] {
+    const host::Presentations presentations = application().Presentations();
+    while (presentations.Count() > 0) {
+      const host::Presentation presentation = presentations.Item(1);
+      presentation.Saved(true);
+      presentation.Close();
+    }
+  });
+  base::resumeNext([&] { addIn_.IDTExtensibility2_OnDisconnection({}, {}); });
+}
+
+host::Presentation Session::open(const std::string& path) {
+  requireDeck(path);
+  return readingDeck(path, [&] { return host_.open(path); });
+}
+
+void Session::goToSlide(std::int32_t slide) {
+  const int count = presentation().Slides().Count();
+  if (slide == 1 && count == 0) return;  // an empty deck shows nothing, which is no mistake of the user's
+  if (slide < 1 || slide > count) {
+    throw Failure(Exit::usage, "--slide " + std::to_string(slide) + ": the deck has " +
+                                   std::to_string(count) + (count == 1 ? " slide" : " slides"));
+  }
+  application().ActiveWindow().View().GotoSlide(slide);
+}
+
+void Session::showView(std::int32_t type) { host_.showView(type); }
+
+host::Shapes Session::shapesInView() const {
+  host::Shapes shapes;
+  base::resumeNext([&] { shapes = application().ActiveWindow().View().Slide().Shapes(); });
+  return shapes;
+}
+
+void Session::selectShapes(const std::string& references) {
+  const host::Shapes shapes = shapesInView();
+  if (!shapes)
+    throw Failure(Exit::usage,
+                  "--select: no slide is in view; choose one with --slide, in a view that shows it");
+  std::vector<host::Shape> selected;
+  std::vector<int> ids;
+  for (const std::string& reference : splitList(references)) {
+    const host::Shape shape = findShape(shapes, reference, "--select");
+    const int id = shape.Id();
+    if (std::find(ids.begin(), ids.end(), id) != ids.end()) {
+      throw Failure(Exit::usage, "--select: \"" + reference + "\" is selected already; name each shape once");
+    }
+    ids.push_back(id);
+    selected.push_back(shape);
+  }
+  host_.selectShapes(selected);
+}
+
+void Session::selectSlides(const std::string& list) {
+  host_.selectSlides(parseSlides(list, presentation().Slides().Count()));
+}
+
+void Session::selectText(const std::string& spot) {
+  const TextSpot text = parseTextSpot(spot);
+  const host::Shapes shapes = shapesInView();
+  if (!shapes)
+    throw Failure(Exit::usage,
+                  "--text: no slide is in view; choose one with --slide, in a view that shows it");
+  const host::Shape shape = findShape(shapes, text.shape, "--text");
+  if (shape.HasTextFrame() == host::msoFalse) {
+    throw Failure(Exit::usage, "--text: \"" + text.shape + "\" holds no text; take a shape that does");
+  }
+  shape.TextFrame().TextRange().Characters(text.start, text.length).Select();
+}
+
+void Session::save(const std::string& out) {
+  const host::Presentation saved = presentation();
+  const std::string path = out.empty() ? saved.FullName() : out;
+  try {
+    out.empty() ? saved.Save() : saved.SaveAs(out);
+  } catch (const base::Error& error) {
+    throw deckFailure(path, error);
+  }
+  if (saved.Saved() == host::msoFalse) {
+    throw Failure(Exit::refused,
+                  path + ": not written, because the add-in cancelled the save; see its message");
+  }
+}
+
+}  // namespace vellumark::app

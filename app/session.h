@@ -1,0 +1,57 @@
+#pragma once
+// A running host with the add-in in it, as a user has it in front of them.
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "addin/connect.h"
+#include "deck/embedded_host.h"
+#include "ribbon.h"
+
+namespace vellumark::app {
+
+class Session {
+ public:
+  /// Starts a host of that version and connects the add-in that lies in the installation. On hosts with a
+  /// ribbon the ribbon is loaded, as the host does after connecting.
+  Session(const std::string& hostVersion, const std::filesystem::path& installation);
+  /// Closes what is open, without asking, and disconnects the add-in.
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  host::Application application() const { return host_.application(); }
+  addin::Connect& addIn() { return addIn_; }
+  /// Hosts from 12.0 have a ribbon, those before it command bars.
+  bool hasRibbon() const { return ribbon_ != nullptr; }
+
+  /// Opens a deck in a window. A Failure where it can't be read.
+  host::Presentation open(const std::string& path);
+  host::Presentation presentation() const { return application().ActivePresentation(); }
+
+  // What a user does in the active window. Each is a Failure where the deck has nothing of the kind.
+  void goToSlide(std::int32_t slide);
+  void showView(std::int32_t type);
+  void selectShapes(const std::string& references);
+  void selectSlides(const std::string& list);
+  void selectText(const std::string& spot);
+  /// Selects these shapes in that order.
+  void select(const std::vector<host::Shape>& shapes) { host_.selectShapes(shapes); }
+
+  /// The shapes of the slide or master in view; nothing where there is none.
+  host::Shapes shapesInView() const;
+
+  /// Saves the open deck over itself, or as `out`. A Failure where it can't be written, or where the add-in
+  /// cancels.
+  void save(const std::string& out = {});
+
+ private:
+  deck::EmbeddedHost host_;
+  addin::Connect addIn_;
+  std::shared_ptr<Ribbon> ribbon_;
+};
+
+}  // namespace vellumark::app

@@ -1,0 +1,70 @@
+// Commands by name.
+
+#include <algorithm>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "tools/trimline_tools.h"
+
+namespace vellumark::tools {
+namespace {
+
+struct Method {
+  std::string_view name;
+  void (TrimlineTools::*command)();
+};
+
+#define VELLUMARK_METHOD(name) \
+  { #name, &TrimlineTools::name }
+constexpr Method methods[] = {
+    VELLUMARK_METHOD(alignLefts),
+    VELLUMARK_METHOD(alignCenters),
+    VELLUMARK_METHOD(alignRights),
+    VELLUMARK_METHOD(alignTops),
+    VELLUMARK_METHOD(alignMiddles),
+    VELLUMARK_METHOD(alignBottoms),
+    VELLUMARK_METHOD(alignVerticallyInGoldenSection),
+    VELLUMARK_METHOD(alignWidths),
+    VELLUMARK_METHOD(alignHeights),
+    VELLUMARK_METHOD(alignWidthsAndHeights),
+    VELLUMARK_METHOD(stretchLeft),
+    VELLUMARK_METHOD(stretchRight),
+    VELLUMARK_METHOD(stretchTop),
+    VELLUMARK_METHOD(stretchBottom),
+    VELLUMARK_METHOD(moveLeftToMasterRight),
+    VELLUMARK_METHOD(moveRightToMasterLeft),
+    VELLUMARK_METHOD(moveTopToMasterBottom),
+    VELLUMARK_METHOD(moveBottomToMasterTop),
+    VELLUMARK_METHOD(stretchLeftToMasterRight),
+    VELLUMARK_METHOD(stretchRightToMasterLeft),
+    VELLUMARK_METHOD(stretchTopToMasterBottom),
+    VELLUMARK_METHOD(stretchBottomToMasterTop),
+    VELLUMARK_METHOD(tutorialVideos),
+    VELLUMARK_METHOD(gettingStarted),
+    VELLUMARK_METHOD(FAQ),
+    VELLUMARK_METHOD(homepage),
+    VELLUMARK_METHOD(recommend),
+    VELLUMARK_METHOD(feedback),
+    VELLUMARK_METHOD(reference),
+    VELLUMARK_METHOD(startUpdate),
+};
+#undef VELLUMARK_METHOD
+
+const Method* findMethod(std::string_view name) {
+  const auto found = std::ranges::find_if(
+      methods, [&](const Method& method) { return base::equalsIgnoreCase(method.name, name); });
+  return found == std::end(methods) ? nullptr : found;
+}
+
+}  // namespace
+
+bool TrimlineTools::hasMethod(std::string_view name) { return findMethod(name) != nullptr; }
+
+void TrimlineTools::callMethod(std::string_view name, const std::optional<std::string>& argument) {
+  const Method* method = findMethod(name);
+  if (!method) base::raise(base::errors::noSuchMember);
+  if (argument) base::raise(base::errors::wrongArgumentCount);
+  (this->*method->command)();
+}
+
+}  // namespace vellumark::tools

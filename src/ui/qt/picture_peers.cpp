@@ -1,0 +1,136 @@
+#include <QFrame>
+#include <QGroupBox>
+#include <QPainter>
+#include <QProgressBar>
+#include <algorithm>
+
+#include "ui/form.h"
+#include "ui/qt/canvas_painter.h"
+#include "ui/qt/conversions.h"
+#include "ui/qt/make_peers.h"
+
+namespace vellumark::ui::qt {
+namespace {
+
+/// What is there to be looked at and clicked.
+class PassivePeer : public Peer {
+ protected:
+  using Peer::Peer;
+
+ private:
+  bool clicksByItself() const override { return true; }
+};
+
+class PictureView : public QWidget {
+ public:
+  PictureView(const Canvas& canvas, PeerWindow& window)
+      : QWidget(&window.widget()), canvas_(canvas), window_(window) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    if (!window_.live()) return;
+    QPainter painter(this);
+    paintCanvas(canvas_, painter);
+  }
+
+ private:
+  const Canvas& canvas_;
+  PeerWindow& window_;
+};
+
+class PicturePeer : public PassivePeer {
+ public:
+  PicturePeer(PictureBox& picture, PeerWindow& window) : PassivePeer(picture, window) {
+    use(new PictureView(picture.canvas(), window));
+  }
+
+ private:
+  void show() override { widget()->update(); }
+};
+
+class ColorPeer : public PassivePeer {
+ public:
+  ColorPeer(ColorBox& box, PeerWindow& window)
+      : PassivePeer(box, window), box_(box), view_(new QFrame(&window.widget())) {
+    view_->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    use(view_);
+  }
+
+ private:
+  void show() override {
+    QPalette palette = view_->palette();
+    palette.setColor(QPalette::Window, toQt(box_.color()));
+    view_->setPalette(palette);
+    view_->setAutoFillBackground(true);
+  }
+
+  ColorBox& box_;
+  QFrame* view_;
+};
+
+class LinePeer : public PassivePeer {
+ public:
+  LinePeer(Line& line, PeerWindow& window) : PassivePeer(line, window) {
+    auto* view = new QFrame(&window.widget());
+    view->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    use(view);
+  }
+};
+
+class FramePeer : public PassivePeer {
+ public:
+  FramePeer(Frame& frame, PeerWindow& window)
+      : PassivePeer(frame, window), frame_(frame), view_(new QGroupBox(&window.widget())) {
+    use(view_);
+    view_->lower();  // what it frames lies on it
+  }
+
+ private:
+  void show() override { view_->setTitle(toQt(frame_.caption())); }
+
+  Frame& frame_;
+  QGroupBox* view_;
+};
+
+class ProgressPeer : public PassivePeer {
+ public:
+  ProgressPeer(ProgressBar& bar, PeerWindow& window)
+      : PassivePeer(bar, window), bar_(bar), view_(new QProgressBar(&window.widget())) {
+    view_->setTextVisible(false);
+    use(view_);
+  }
+
+ private:
+  /// A range of nothing would be a bar that runs forever.
+  void show() override {
+    view_->setRange(bar_.min(), std::max(bar_.max(), bar_.min() + 1));
+    view_->setValue(bar_.value());
+  }
+
+  ProgressBar& bar_;
+  QProgressBar* view_;
+};
+
+}  // namespace
+
+std::unique_ptr<Peer> makeProgressPeer(ProgressBar& bar, PeerWindow& window) {
+  return std::make_unique<ProgressPeer>(bar, window);
+}
+
+std::unique_ptr<Peer> makePicturePeer(PictureBox& picture, PeerWindow& window) {
+  return std::make_unique<PicturePeer>(picture, window);
+}
+
+std::unique_ptr<Peer> makeColorPeer(ColorBox& box, PeerWindow& window) {
+  return std::make_unique<ColorPeer>(box, window);
+}
+
+std::unique_ptr<Peer> makeLinePeer(Line& line, PeerWindow& window) {
+  return std::make_unique<LinePeer>(line, window);
+}
+
+std::unique_ptr<Peer> makeFramePeer(Frame& frame, PeerWindow& window) {
+  return std::make_unique<FramePeer>(frame, window);
+}
+
+}  // namespace vellumark::ui::qt

@@ -1,0 +1,281 @@
+// What the selection watch finds, and which entries of the toolbars follow from it.
+
+#include "commands/ppt_events.h"
+
+#include <gtest/gtest.h>
+
+#include "commands/commands_stage.h"
+
+namespace vellumark::commands {
+namespace {
+
+using test::FakeObject;
+using test::Texts;
+
+class Events : public test::CommandsStage {
+ protected:
+  Events() {
+    auto slide = deck.slide("titleOnly");
+    slide.placeholder("title").text("Title").named("Title");
+    slide.shape("rect", 10, 20, 100, 50).named("Rect").text("text");
+    slide.shape("rect", 10, 20, 100, 50).named("Rect30").rotate(30);
+    slide.shape("rect", 10, 20, 100, 50).named("Rect45.4").rotate(45.4);
+    slide.shape("rect", 10, 20, 100, 50).named("Rect89.6").rotate(89.6);
+    slide.shape("rect", 10, 20, 100, 50).named("Flipped").flipHorizontally();
+    slide.shape("homePlate", 10, 20, 100, 50).named("Pentagon");
+    slide.shape("chevron", 10, 20, 100, 50).named("Chevron");
+    slide.shape("chevron", 10, 20, 100, 50).named("Chevron90").rotate(90);
+    slide.shape("chevron", 10, 20, 100, 50).named("Chevron30").rotate(30);
+    slide.shape("roundRect", 10, 20, 100, 50).named("Rounded");
+    slide.shape("notchedRightArrow", 10, 20, 100, 50).named("Arrow");
+    slide.shape("upDownArrow", 10, 20, 100, 50).named("UpDown");
+    slide.textBox(10, 20, 100, 50, "box").named("Box");
+    slide.picture(10, 20, 50, 50).named("Picture");
+    slide.table(10, 20, 100, 50, {{"a", "b"}}).named("Table");
+    slide.group(10, 20, 100, 50).named("Group").children().shape("homePlate", 10, 20, 100, 50);
+    deck.slide();
+  }
+
+  std::string flags() {
+    const core::SelectionFlags& f = events->flags();
+    std::string text = std::to_string(f.shapeCount) + "/" + std::to_string(f.slideCount);
+    if (f.allRightAngled) text += " right";
+    if (f.allSameOrientation) text += " same";
+    if (f.allBlockArrows) text += " arrows";
+    if (f.allPentagons) text += " pentagons";
+    if (f.allRoundedRectangles) text += " rounded";
+    if (f.allTextShapes) text += " text";
+    return text;
+  }
+
+  /// The groups of entries that are enabled, each known by entries that must agree.
+  std::string enabled() {
+    struct Group {
+      const char* name;
+      std::vector<std::pair<const char*, const char*>> entries;  // caption, popup
+    };
+    const Group groups[] = {
+        {"slides", {{"Paste on selected slides", "Tools"}, {"E-mail selected slides", "Tools"}}},
+        {"angles", {{"Align angles", ""}}},
+        {"text", {{"Fit AutoShape to text", ""}, {"Wrap text in AutoShape", ""}}},
+        {"header", {{"Adjust pentagon header", ""}}},
+        {"chain", {{"Align process chain", ""}}},
+        {"switch", {{"Switch objects", ""}}},
+        {"shape",
+         {{"Set AutoShape margins", ""}, {"Increase indent level", ""}, {"Text statistics", "Tools"}}},
+        {"two",
+         {{"Align left to master left", ""},
+          {"Move bottom to master top", ""},
+          {"Create motion path", "Tools"}}},
+        {"two90", {{"Stretch to master width", ""}, {"Stretch bottom to master top", ""}}},
+    };
+    std::string text;
+    for (const Group& group : groups) {
+      std::size_t on = 0;
+      for (const auto& [caption, popup] : group.entries) on += entry(caption, popup).Enabled() ? 1U : 0U;
+      EXPECT_TRUE(on == 0 || on == group.entries.size()) << group.name;
+      if (on > 0) text += std::string(group.name) + " ";
+    }
+    return text;
+  }
+  /// States of the two text toggles.
+  std::pair<int, int> toggles() {
+    return {entry("Fit AutoShape to text").State(), entry("Wrap text in AutoShape").State()};
+  }
+};
+
+TEST_F(Events, Flags) {
+  open();
+  EXPECT_EQ(flags(), "0/0") << "before the first look";
+  struct Case {
+    std::vector<std::string> shapes;
+    const char* flags;
+  };
+  const Case cases[] = {
+      {{"Rect"}, "1/1 right same text"},
+      {{"Rect45.4"}, "1/1 same text"},
+      {{"Rect89.6"}, "1/1 right same text"},
+      {{"Rect", "Rect89.6"}, "2/1 right text"},
+      {{"Rect", "Flipped"}, "2/1 right text"},
+      {{"Pentagon", "Chevron"}, "2/1 right same pentagons text"},
+      {{"Chevron", "Chevron90"}, "2/1 right pentagons text"},
+      {{"Chevron", "Rect"}, "2/1 right same text"},
+      {{"Rounded"}, "1/1 right same rounded text"},
+      {{"Rounded", "Rect"}, "2/1 right same text"},
+      {{"Arrow", "UpDown"}, "2/1 right same arrows text"},
+      {{"Arrow", "Chevron"}, "2/1 right same text"},
+      {{"Title", "Box", "Rect"}, "3/1 right same text"},
+      {{"Rect", "Picture"}, "2/1 right same"},
+      {{"Table"}, "1/1 right same"},
+      {{"Group"}, "1/1 right same"},
+      {{}, "0/1"},
+  };
+  for (const Case& c : cases) {
+    select(c.shapes);
+    EXPECT_EQ(flags(), c.flags) << testing::PrintToString(c.shapes);
+  }
+  shape("Rect").TextFrame().TextRange().Select();
+  EXPECT_EQ(flags(), "1/1 right same text") << "a selection of text still has its shape";
+  host->selectSlides(std::array{1, 2});
+  EXPECT_EQ(flags(), "0/2");
+  host->application().ActiveWindow().Close();
+  events->checkSelection();
+  EXPECT_EQ(flags(), "0/0");
+  EXPECT_EQ(failures.take(), Texts{});
+}
+
+TEST_F(Events, EntriesFollowTheShapes) {
+  open("11.0");
+  EXPECT_EQ(enabled(), "") << "all start disabled";
+  struct Case {
+    std::vector<std::string> shapes;
+    const char* enabled;
+  };
+  const Case cases[] = {
+      {{"Rect"}, "text shape "},
+      {{"Picture"}, "shape "},
+      {{"Rect", "Box"}, "text header switch shape two two90 "},
+      {{"Rect", "Rect30"}, "text header switch shape two two90 "},
+      {{"Rect30", "Rect"}, "text header switch shape two "},
+      {{"Rect", "Rect45.4", "Box"}, "text shape two "},
+      {{"Rect", "Picture", "Box"}, "shape two two90 "},
+      {{"Pentagon", "Chevron"}, "angles text header chain switch shape two two90 "},
+      {{"Chevron", "Chevron90"}, "angles text header switch shape two two90 "},
+      {{"Chevron", "Chevron30"}, "angles text header switch shape two two90 "},
+      {{"Chevron30", "Chevron30"}, "text shape "},
+      {{"Group", "Pentagon", "Chevron"}, "shape two two90 "},
+      {{"Table"}, "shape "},
+      {{}, ""},
+  };
+  for (const Case& c : cases) {
+    select(c.shapes);
+    EXPECT_EQ(enabled(), c.enabled) << testing::PrintToString(c.shapes);
+  }
+  shape("Rect").TextFrame().TextRange().Select();
+  EXPECT_EQ(enabled(), "text shape ");
+  EXPECT_EQ(failures.take(), Texts{}) << "every entry was found";
+}
+
+TEST_F(Events, EntriesFollowTheView) {
+  open("10.0");
+  const std::pair<int, const char*> views[] = {
+      {host::ppViewSlideSorter, "slides "},
+      {host::ppViewThumbnails, "slides "},
+      {host::ppViewOutline, "slides "},
+      {host::ppViewNotesPage, ""},
+      {host::ppViewSlide, ""},
+  };
+  for (const auto& [view, expected] : views) {
+    host->showView(view);
+    host->selectSlides(std::array{2, 1});
+    events->toggle();
+    EXPECT_EQ(enabled(), expected) << view;
+  }
+  host->showView(host::ppViewSlideSorter);
+  events->toggleOff();
+  EXPECT_EQ(enabled(), "");
+  events->togglePresentation(false);
+  EXPECT_FALSE(entry("Open containing folder", "Tools").Enabled());
+  host->selectSlides(std::array{1});
+  host->application().ActiveWindow().Close();
+  events->toggle();
+  EXPECT_EQ(enabled(), "") << "no window";
+  EXPECT_EQ(failures.take(), Texts{});
+}
+
+TEST_F(Events, TextTogglesShowTheirState) {
+  open("9.0");
+  using State = std::pair<int, int>;
+  constexpr int up = 0, down = -1, mixed = 2;
+  select({"Rect"});
+  shape("Rect").TextFrame().AutoSize(host::ppAutoSizeShapeToFitText);
+  shape("Rect").TextFrame().WordWrap(true);
+  events->toggle();
+  EXPECT_EQ(toggles(), State(down, down));
+  shape("Rect30").TextFrame().AutoSize(host::ppAutoSizeNone);
+  shape("Rect30").TextFrame().WordWrap(false);
+  select({"Rect30"});
+  EXPECT_EQ(toggles(), State(up, up));
+  select({"Rect", "Rect30"});
+  EXPECT_EQ(toggles(), State(mixed, mixed));
+  select({"Picture"});
+  EXPECT_EQ(toggles(), State(up, up));
+  select({"Rect"});
+  EXPECT_EQ(toggles(), State(down, down));
+  select({});
+  EXPECT_EQ(toggles(), State(up, up));
+  EXPECT_EQ(failures.take(), Texts{});
+}
+
+// Windows in transition fail in one way that is expected and silent; other failures are reported.
+TEST_F(Events, WindowsInTransition) {
+  open("11.0");
+  const auto failing = [](int number) {
+    return host::Selection(std::make_shared<FakeObject>(
+        "Selection", std::map<std::string, host::Value>{},
+        std::map<std::string, FakeObject::Function>{
+            {"Parent", [number](auto) -> host::Value { base::raise(number); }}}));
+  };
+  select({"Rect", "Box"});
+  events->pptApp_WindowSelectionChange(failing(base::errors::unspecific));
+  EXPECT_EQ(enabled(), "");
+  EXPECT_EQ(failures.take(), Texts{});
+  events->toggle();
+  EXPECT_NE(enabled(), "");
+  events->pptApp_WindowSelectionChange(failing(5));
+  EXPECT_EQ(failures.take(), Texts{"pptEvents, pptApp_WindowSelectionChange: 5"});
+  EXPECT_NE(enabled(), "");
+  events->toggleButton("no bar", "Align angles", true);
+  events->togglePopupEntry(toolsBar::name, "Tools", "no entry", true);
+  EXPECT_EQ(failures.take(),
+            (Texts{"pptEvents, toggleButton: -2147024809", "pptEvents, togglePopupEntry (: -2147024809"}));
+}
+
+TEST_F(Events, OnlyRibbonHostsInvalidateTheRibbon) {
+  for (const auto& [version, expected] : {std::pair("12.0", 1), {"14.0", 1}, {"15.0", 0}, {"11.0", 0}}) {
+    open(version);
+    select({"Rect"});  // before the ribbon was loaded
+    int invalidated = 0;
+    core::globals().ribbonUI = host::IRibbonUI(
+        std::make_shared<FakeObject>("IRibbonUI", std::map<std::string, host::Value>{},
+                                     std::map<std::string, FakeObject::Function>{{"Invalidate", [&](auto) {
+                                                                                    ++invalidated;
+                                                                                    return host::Value();
+                                                                                  }}}));
+    select({"Box"});
+    EXPECT_EQ(invalidated, expected) << version;
+    EXPECT_EQ(flags(), "1/1 right same text");
+    events->PowerPointApp({});
+    select({"Table"});
+    EXPECT_EQ(flags(), "1/1 right same text") << "no longer connected";
+    EXPECT_EQ(failures.take(), Texts{}) << version;
+  }
+}
+
+TEST_F(Events, Check90degr) {
+  open("11.0");
+  struct Case {
+    std::vector<std::string> shapes;
+    AngleCheck check;
+  };
+  const Case cases[] = {
+      {{"Chevron", "Pentagon"}, {true, true, true, true}},
+      {{"Chevron", "Chevron30"}, {true, false, false, true}},
+      {{"Chevron30", "Chevron"}, {false, true, false, true}},
+      {{"Chevron", "Rect89.6"}, {true, true, false, false}},
+      {{"Group", "Chevron"}, {true, true, true, false}},
+      {{"Chevron30"}, {true, false, true, true}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(testing::PrintToString(c.shapes));
+    select(c.shapes);
+    const AngleCheck check = events->check90degr(host->application().ActiveWindow().Selection().ShapeRange());
+    EXPECT_EQ(check.allButLastRightAngled, c.check.allButLastRightAngled);
+    EXPECT_EQ(check.lastRightAngled, c.check.lastRightAngled);
+    EXPECT_EQ(check.sameRotation, c.check.sameRotation);
+    EXPECT_EQ(check.allProcessShapes, c.check.allProcessShapes);
+  }
+}
+
+}  // namespace
+}  // namespace vellumark::commands

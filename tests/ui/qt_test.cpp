@@ -1,0 +1,540 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/error.h"
+#include "ui/qt/canvas_painter.h"
+#include "ui/qt/qt_toolkit.h"
+
+namespace vellumark::ui {
+namespace {
+
+using Log = std::vector<std::string>;
+
+/// Every kind of control on one form, which notes its events.
+class Everything : public Form {
+ public:
+  Everything() : Form("Everything", "Every control") {
+    notes.multiLine(true);
+    notes.size(30, 3);
+    link.link(true);
+    paragraph.wrapAt(40);
+    btnOK.isDefault(true);
+    btnCancel.isCancel(true);
+    for (const char* item : {"Small", "Medium", "Large"}) {
+      sizes.addItem(item);
+      list.addItem(item);
+    }
+    list.lines(3);
+    tree.add("", "a", "Chapter");
+    tree.add("a", "b", "Section");
+    tree.labelEdit(true);
+    picture.canvas().ellipse(0, 0, 32, 32, rgb(192, 57, 43));
+    bar.value(40);
+    layout(column({row({Box(picture), Box(paragraph).stretch()}),
+                   grid(2, {Box(nameLabel), Box(name).stretch(), Box(sizeLabel), Box(sizes).stretch()}),
+                   row({Box(amount), Box(spinner), Box(check), Box(color)}), Box(notes), Box(rule),
+                   column({Box(left), Box(right)}).in(frame), row({Box(list).stretch(), Box(tree).stretch()}),
+                   Box(bar), row({Box(link), space(), Box(btnOK), Box(btnCancel)})}));
+    name.onChange = [this] { log.push_back("name=" + name.text()); };
+    name.onValidate = [this](bool& cancel) {
+      log.push_back("validate " + name.text());
+      cancel = name.text() == "bad";
+    };
+    spinner.onChange = [this] { amount.text(std::to_string(-spinner.value())); };
+    check.onClick = [this] { log.push_back(check.value() ? "checked" : "unchecked"); };
+    for (OptionButton* option : {&left, &right}) {
+      option->onClick = [this, option] { log.push_back(option->name()); };
+    }
+    sizes.onClick = [this] { log.push_back("size " + sizes.text()); };
+    list.onClick = [this] { log.push_back("chose " + std::to_string(list.listIndex())); };
+    list.onItemCheck = [this](int index) { log.push_back("mark " + std::to_string(index)); };
+    tree.onNodeClick = [this](const std::string& key) { log.push_back("node " + key); };
+    tree.onAfterLabelEdit = [this](const std::string& key, std::string& text, bool& cancel) {
+      log.push_back(key + " is " + text);
+      cancel = text.empty();
+    };
+    link.onClick = [this] { log.push_back("link"); };
+    onClick = [this] { log.push_back("background"); };
+    timer.onTimer = [this] { ++ticks; };
+    btnOK.onClick = [this] {
+      log.push_back("OK");
+      unload();
+    };
+    btnCancel.onClick = [this] {
+      log.push_back("Cancel");
+      unload();
+    };
+  }
+
+  PictureBox picture{*this, "picture", 32, 32};
+  Label paragraph{*this, "paragraph",
+                  "A longer text that doesn't fit on one line, so that it is wrapped at forty characters."};
+  Label nameLabel{*this, "nameLabel", "&Name"};
+  TextBox name{*this, "name"};
+  Label sizeLabel{*this, "sizeLabel", "Si&ze && shape"};
+  ComboBox sizes{*this, "sizes"};
+  TextBox amount{*this, "amount", "0"};
+  ScrollBar spinner{*this, "spinner", -3, 0};
+  CheckBox check{*this, "check", "Chec&k"};
+  ColorBox color{*this, "color", rgb(0, 112, 192)};
+  TextBox notes{*this, "notes", "one\r\ntwo"};
+  Line rule{*this, "rule"};
+  Frame frame{*this, "frame", "Side"};
+  OptionButton left{*this, "left", "&Left", &frame};
+  OptionButton right{*this, "right", "&Right", &frame};
+  ListBox list{*this, "list", true};
+  TreeView tree{*this, "tree"};
+  ProgressBar bar{*this, "bar"};
+  Label link{*this, "link", "Privacy Policy"};
+  Timer timer{*this, "timer", 1};
+  CommandButton btnOK{*this, "btnOK", "&OK"};
+  CommandButton btnCancel{*this, "btnCancel", "&Cancel"};
+  Log log;
+  int ticks = 0;
+};
+
+class QtTest : public ::testing::Test {
+ protected:
+  QtTest() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QtToolkit toolkit;
+    toolkit_ = &toolkit;
+    before_ = setToolkit(&toolkit);
+    toolkit.processEvents();
+  }
+  ~QtTest() override { setToolkit(before_); }
+
+  /// Shows the form, lets `user` work with its window, and closes it where the user didn't.
+  void show(Form& form, const std::function<void()>& user) {
+    QTimer::singleShot(0, [&] {
+      window_ = QApplication::activeModalWidget();
+      ASSERT_TRUE(window_ && QTest::qWaitForWindowActive(window_));
+      user();
+      form.hide();
+    });
+    form.showModal();
+  }
+
+  /// What somebody does with the next dialog that comes up within a user's act.
+  template <typename Dialog>
+  void next(const std::function<void(Dialog&)>& user) {
+    QTimer::singleShot(0, [user] {
+      auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+      ASSERT_TRUE(dialog && QTest::qWaitForWindowActive(dialog));
+      user(*dialog);
+    });
+  }
+
+  template <typename Widget>
+  Widget& of(const Control& control) {
+    return *window_->findChild<Widget*>(QString::fromStdString(control.name()));
+  }
+  void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), text); }
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+  }
+  void click(const Control& control, QPoint where = {}) {
+    QTest::mouseClick(&of<QWidget>(control), Qt::LeftButton, {}, where);
+  }
+  std::string focused() { return QApplication::focusWidget()->objectName().toStdString(); }
+
+  QtToolkit* toolkit_;
+  Toolkit* before_;
+  QWidget* window_ = nullptr;
+};
+
+TEST_F(QtTest, CutsNothing) {
+  Everything form;
+  show(form, [&] {
+    for (const Control* control : form.controls()) {
+      if (dynamic_cast<const Timer*>(control)) continue;
+      const auto& widget = of<QWidget>(*control);
+      EXPECT_TRUE(widget.isVisible() && window_->rect().contains(widget.geometry())) << control->name();
+    }
+    for (const Label* label : {&form.paragraph, &form.nameLabel, &form.sizeLabel, &form.link}) {
+      const auto& widget = of<QLabel>(*label);
+      EXPECT_GE(widget.width(), widget.wordWrap() ? 1 : widget.sizeHint().width()) << label->name();
+      EXPECT_GE(widget.height(),
+                widget.wordWrap() ? widget.heightForWidth(widget.width()) : widget.sizeHint().height())
+          << label->name();
+    }
+    for (const Control* control :
+         std::vector<Control*>{&form.check, &form.left, &form.btnOK, &form.btnCancel}) {
+      const auto& button = of<QAbstractButton>(*control);
+      EXPECT_GE(button.width(), button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width() + 16)
+          << control->name();
+    }
+    const QSize natural = window_->size();
+    window_->resize(10, 10);
+    EXPECT_EQ(window_->size(), natural);
+    form.check.caption("A caption that has become too long for the place that it had at first, by far");
+    QTest::qWait(1);
+    EXPECT_GE(of<QCheckBox>(form.check).width(), of<QCheckBox>(form.check).sizeHint().width());
+    EXPECT_GT(window_->width(), natural.width());
+  });
+}
+
+TEST_F(QtTest, TypingRaisesChangeAndTheProgramsChangesShow) {
+  Everything form;
+  show(form, [&] {
+    EXPECT_EQ(focused(), "name");
+    type("ab");
+    EXPECT_EQ(form.log, (Log{"name=a", "name=ab"}));
+    EXPECT_EQ(form.name.selStart(), 2);
+    form.name.text("other");
+    form.name.select(1, 3);
+    EXPECT_EQ(of<QLineEdit>(form.name).selectedText(), "the");
+    type("x");
+    EXPECT_EQ(form.log.back(), "name=oxr");
+    EXPECT_EQ(of<QLineEdit>(form.name).cursorPosition(), 2);
+
+    auto& notes = of<QPlainTextEdit>(form.notes);
+    EXPECT_TRUE(form.focus(form.notes));
+    form.notes.select(5, 3);  // behind the carriage return and line feed
+    EXPECT_EQ(notes.textCursor().selectedText(), "two");
+    press(Qt::Key_Return);
+    type("2");
+    EXPECT_EQ(form.notes.text(), "one\r\n\r\n2");
+    EXPECT_EQ(form.notes.selStart(), 8);
+
+    form.notes.locked(true);
+    type("3");
+    EXPECT_EQ(form.notes.text(), "one\r\n\r\n2");
+  });
+}
+
+TEST_F(QtTest, AHandlerSwallowsOrReplacesCharacters) {
+  Everything form;
+  form.amount.text("");
+  form.amount.onKeyPress = [](char32_t& key) {
+    if (key == U',') key = U'.';
+    if (key != U'.' && (key < U'0' || key > U'9')) key = 0;
+  };
+  show(form, [&] {
+    form.focus(form.amount);
+    type("1x,5");
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(form.amount.text(), "1.");
+  });
+}
+
+TEST_F(QtTest, ValidationKeepsTheFocus) {
+  Everything form;
+  show(form, [&] {
+    type("bad");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(focused(), "name");
+    click(form.check);
+    EXPECT_FALSE(form.check.value());
+    EXPECT_FALSE(of<QCheckBox>(form.check).isChecked());
+    press(Qt::Key_R, Qt::AltModifier);
+    EXPECT_FALSE(form.right.value());
+    press(Qt::Key_Return);
+    EXPECT_TRUE(form.visible());
+    of<QWidget>(form.check).setFocus();  // by Qt itself
+    QTest::qWait(1);
+    EXPECT_EQ(focused(), "name");
+    form.log.clear();
+    press(Qt::Key_Escape);
+    EXPECT_EQ(form.log, Log{"Cancel"});
+    EXPECT_FALSE(form.visible());
+  });
+}
+
+TEST_F(QtTest, AMessageWhileLeavingAFieldKeepsTheFocus) {
+  Everything form;
+  form.name.onValidate = [](bool& cancel) {
+    messageBox("No.", Icon::critical, Buttons::ok, "Title");
+    cancel = true;
+  };
+  show(form, [&] {
+    next<QMessageBox>([](QMessageBox& box) {
+      box.button(QMessageBox::NoButton);
+      box.buttons().front()->click();
+    });
+    click(form.check);
+    EXPECT_EQ(focused(), "name");
+    EXPECT_FALSE(form.check.value());
+  });
+}
+
+TEST_F(QtTest, KeysGoThroughTheForm) {
+  struct Case {
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    const char* focus;
+  };
+  const Case cases[] = {
+      {Qt::Key_Tab, {}, "sizes"},
+      {Qt::Key_Tab, {}, "amount"},
+      {Qt::Key_Backtab, {}, "sizes"},
+      {Qt::Key_N, Qt::AltModifier, "name"},
+      {Qt::Key_Z, Qt::AltModifier, "sizes"},
+      {Qt::Key_K, Qt::AltModifier, "check"},
+      {Qt::Key_Tab, {}, "notes"},
+      {Qt::Key_Tab, {}, "left"},
+      {Qt::Key_Down, {}, "right"},
+      {Qt::Key_Down, {}, "left"},
+  };
+  Everything form;
+  show(form, [&] {
+    for (const Case& step : cases) {
+      press(step.key, step.modifiers);
+      EXPECT_EQ(focused(), step.focus);
+    }
+    EXPECT_TRUE(form.check.value());
+    EXPECT_EQ(form.log, (Log{"validate ", "validate ", "checked", "right", "left"}));
+    EXPECT_TRUE(of<QPushButton>(form.btnOK).isDefault());
+    press(Qt::Key_Enter);
+    EXPECT_EQ(form.log.back(), "OK");
+    EXPECT_FALSE(form.loaded());
+  });
+}
+
+TEST_F(QtTest, ValuesAreSetByMouseAndKeyboard) {
+  Everything form;
+  show(form, [&] {
+    const QList<QToolButton*> arrows = of<QWidget>(form.spinner).findChildren<QToolButton*>();
+    QTest::mouseClick(arrows[0], Qt::LeftButton);
+    QTest::mouseClick(arrows[0], Qt::LeftButton);
+    QTest::mouseClick(arrows[1], Qt::LeftButton);
+    EXPECT_EQ(of<QLineEdit>(form.amount).text(), "1");
+    EXPECT_EQ(focused(), "spinner");
+    press(Qt::Key_Up);
+    EXPECT_EQ(form.spinner.value(), -2);
+
+    click(form.check, {8, of<QWidget>(form.check).height() / 2});
+    EXPECT_TRUE(form.check.value());
+    click(form.right, {8, of<QWidget>(form.right).height() / 2});
+    press(Qt::Key_Up);
+    EXPECT_TRUE(of<QRadioButton>(form.left).isChecked());
+    EXPECT_FALSE(of<QRadioButton>(form.right).isChecked());
+
+    form.focus(form.sizes);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_EQ(form.sizes.listIndex(), 1);
+    form.sizes.clear();
+    EXPECT_EQ(of<QComboBox>(form.sizes).count(), 0);
+    EXPECT_EQ(form.log, (Log{"validate ", "checked", "right", "left", "size Small", "size Medium"}));
+  });
+}
+
+TEST_F(QtTest, ListsAndTrees) {
+  Everything form;
+  form.list.onItemCheck = [&](int index) {
+    if (index == 1) form.list.checked(0, true);
+    if (index == 2) form.list.clear();
+  };
+  form.tree.onNodeClick = [&](const std::string& key) {
+    if (key == "b") form.tree.remove("b");
+  };
+  show(form, [&] {
+    auto& list = of<QListWidget>(form.list);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(1)).center());
+    QTest::keyClick(&list, Qt::Key_Space);
+    EXPECT_TRUE(form.list.checked(1));
+    QTest::qWait(1);
+    EXPECT_EQ(list.item(0)->checkState(), Qt::Checked);
+    EXPECT_EQ(form.log, (Log{"validate ", "chose 1"}));
+    QTest::keyClick(&list, Qt::Key_Down);
+    QTest::keyClick(&list, Qt::Key_Space);
+    QTest::qWait(1);
+    EXPECT_EQ(list.count(), 0);
+
+    auto& tree = of<QTreeWidget>(form.tree);
+    form.focus(form.tree);
+    form.tree.select("a");
+    QTest::keyClick(&tree, Qt::Key_F2);
+    auto* editor = tree.findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClicks(editor, "Part");
+    QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_EQ(form.tree.find("a")->text, "Part");
+    EXPECT_TRUE(form.visible());
+    QTest::keyClick(&tree, Qt::Key_Down);
+    QTest::qWait(1);
+    EXPECT_EQ(form.tree.find("b"), nullptr);
+    EXPECT_EQ(tree.topLevelItem(0)->childCount(), 0);
+    form.tree.add("", "c", "First", 0, "a");
+    EXPECT_EQ(tree.topLevelItem(0)->text(0), "First");
+    EXPECT_EQ(tree.topLevelItem(1)->text(0), "Part");
+  });
+}
+
+TEST_F(QtTest, ClicksOnLinksAndBesideControls) {
+  Everything form;
+  int moves = 0;
+  form.link.onMouseMove = [&] { ++moves; };
+  show(form, [&] {
+    click(form.link);
+    QTest::mouseClick(window_, Qt::LeftButton, {}, QPoint(2, 2));
+    click(form.nameLabel);
+    EXPECT_EQ(form.log, (Log{"link", "background"}));
+    EXPECT_EQ(of<QWidget>(form.link).cursor().shape(), Qt::PointingHandCursor);
+    QTest::mouseMove(&of<QWidget>(form.link), QPoint(3, 3));
+    QTest::qWait(1);
+    EXPECT_GE(moves, 1);
+  });
+}
+
+TEST_F(QtTest, ClosingTheWindowIsTheFormsBusiness) {
+  Everything withCancel;
+  show(withCancel, [&] { window_->close(); });
+  EXPECT_EQ(withCancel.log, Log{"Cancel"});
+
+  Form stubborn("Stubborn", "Stays");
+  bool refuse = true;
+  stubborn.onQueryUnload = [&](bool& cancel) { cancel = std::exchange(refuse, false); };
+  show(stubborn, [&] {
+    window_->close();
+    EXPECT_TRUE(window_->isVisible() && stubborn.visible());
+    window_->close();
+    EXPECT_FALSE(stubborn.loaded());
+  });
+}
+
+TEST_F(QtTest, StatesFollowTheProgram) {
+  Everything form;
+  form.onActivate = [&] { form.topMost(true); };
+  show(form, [&] {
+    EXPECT_TRUE(window_->isVisible() && window_->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    form.caption("New");
+    EXPECT_EQ(window_->windowTitle(), "New");
+    form.check.visible(false);
+    EXPECT_FALSE(of<QWidget>(form.check).isVisible());
+    form.bar.value(70);
+    EXPECT_EQ(of<QProgressBar>(form.bar).value(), 70);
+    form.name.foreColor(rgb(128, 0, 0));
+    EXPECT_EQ(of<QWidget>(form.name).palette().color(QPalette::Text), QColor(128, 0, 0));
+    form.left.onClick = [&] { form.left.enabled(false); };
+    press(Qt::Key_L, Qt::AltModifier);
+    EXPECT_EQ(focused(), "right");
+    form.timer.enabled(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.ticks >= 2; }, 2000));
+    form.timer.enabled(false);
+    const int ticks = form.ticks;
+    QTest::qWait(10);
+    EXPECT_EQ(form.ticks, ticks);
+  });
+}
+
+TEST_F(QtTest, AFailureInAHandlerLeavesTheCallThatShowsTheForm) {
+  Everything form;
+  form.link.onClick = [] { base::raise(base::errors::overflow); };
+  QTimer::singleShot(0, [&] {
+    window_ = QApplication::activeModalWidget();
+    click(form.link);
+  });
+  try {
+    form.showModal();
+    FAIL();
+  } catch (const base::Error& error) {
+    EXPECT_EQ(error.number(), base::errors::overflow);
+  }
+  EXPECT_FALSE(form.visible());
+  EXPECT_EQ(form.view(), nullptr);
+}
+
+TEST_F(QtTest, FormsWithoutWaitingAndFormsInForms) {
+  Everything outer;
+  {
+    Everything modeless;
+    modeless.showModeless();
+    EXPECT_TRUE(modeless.visible());
+    modeless.timer.enabled(true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return modeless.ticks > 0; }, 2000));
+    outer.link.onClick = [&] {
+      Everything inner;
+      show(inner, [&] { press(Qt::Key_Escape); });
+      outer.log = inner.log;
+    };
+  }
+  QTest::qWait(5);  // the timer of the form that is gone must not tick
+  show(outer, [&] {
+    QWidget* own = window_;
+    click(outer.link);
+    EXPECT_TRUE(own->isVisible());
+    EXPECT_EQ(outer.log, Log{"Cancel"});
+  });
+}
+
+TEST_F(QtTest, MessageBoxes) {
+  struct Case {
+    Buttons buttons;
+    int defaultButton;
+    Qt::Key key;
+    Answer answer;
+  };
+  const Case cases[] = {
+      {Buttons::ok, 1, Qt::Key_Escape, Answer::ok},
+      {Buttons::okCancel, 1, Qt::Key_Return, Answer::ok},
+      {Buttons::okCancel, 2, Qt::Key_Return, Answer::cancel},
+      {Buttons::yesNoCancel, 1, Qt::Key_Escape, Answer::cancel},
+      {Buttons::yesNo, 2, Qt::Key_Return, Answer::no},
+      {Buttons::yesNo, 1, Qt::Key_Escape, Answer::no},
+      {Buttons::abortRetryIgnore, 2, Qt::Key_Return, Answer::retry},
+      {Buttons::retryCancel, 9, Qt::Key_Return, Answer::cancel},
+  };
+  for (const Case& one : cases) {
+    next<QMessageBox>([&](QMessageBox& box) {
+      EXPECT_EQ(box.icon(), QMessageBox::Warning);
+      EXPECT_EQ(box.text(), "<b>1\n2");
+      EXPECT_EQ(box.textFormat(), Qt::PlainText);
+      QTest::keyClick(&box, one.key);
+    });
+    EXPECT_EQ(messageBox("<b>1\r\n2", Icon::exclamation, one.buttons, "T", one.defaultButton), one.answer);
+  }
+}
+
+TEST_F(QtTest, InputBox) {
+  const auto ask = [&](Qt::Key key) {
+    next<QDialog>([key](QDialog& dialog) {
+      auto* line = dialog.findChild<QLineEdit*>();
+      EXPECT_EQ(line->text(), "Draft");
+      QTest::keyClicks(line, "Final");
+      QTest::keyClick(line, key);
+    });
+    return inputBox("Name & <place>", "Title", "Draft");
+  };
+  EXPECT_EQ(ask(Qt::Key_Return), "Final");
+  EXPECT_EQ(ask(Qt::Key_Escape), std::nullopt);
+}
+
+TEST_F(QtTest, CanvasPixels) {
+  Canvas canvas(20, 10);
+  canvas.rectangle(0, 0, 5, 5, rgb(255, 0, 0));
+  canvas.ellipse(10, 0, 10, 10, rgb(0, 0, 255));
+  canvas.line(0, 8, 9, 8, rgb(0, 128, 0));
+  canvas.image(0, 0, 20, 10, "no such file.png");
+  const QImage image = renderCanvas(canvas);
+  EXPECT_EQ(image.pixelColor(4, 4), QColor(255, 0, 0));
+  EXPECT_EQ(image.pixelColor(5, 5).alpha(), 0);
+  EXPECT_EQ(image.pixelColor(15, 5), QColor(0, 0, 255));
+  EXPECT_EQ(image.pixelColor(10, 0).alpha(), 0);
+  EXPECT_EQ(image.pixelColor(3, 8), QColor(0, 128, 0));
+  EXPECT_EQ(image.pixelColor(3, 7).alpha(), 0);
+}
+
+}  // namespace
+}  // namespace vellumark::ui
