@@ -9,13 +9,15 @@ namespace vellumark::app {
 namespace fs = std::filesystem;
 
 void requireDeck(const std::string& deck) {
-  std::error_code missing;
-  const fs::file_status status = fs::status(deck, missing);
-  if (!fs::exists(status)) {
-    throw Failure(Exit::deck, deck + ": there is no such file; give the path of a .pptx file");
-  }
-  if (fs::is_directory(status))
-    throw Failure(Exit::deck, deck + ": is a folder; give the path of a .pptx file");
+  std::error_code fault;
+  const fs::file_status status = fs::status(deck, fault);
+  const auto refuse = [&](const std::string& why) {
+    throw Failure(Exit::deck, deck + ": " + why + "; give the path of a .pptx file");
+  };
+  if (status.type() == fs::file_type::not_found) refuse("there is no such file");
+  if (!fs::status_known(status)) refuse("can't be reached: " + fault.message());
+  if (fs::is_directory(status)) refuse("is a folder");
+  if (!fs::is_regular_file(status)) refuse("is no file that can be read at will");
 }
 
 void requireOther(const std::string& out, const std::string& deck) {

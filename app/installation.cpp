@@ -4,21 +4,16 @@
 #include <optional>
 
 #include "failure.h"
+#include "platform/paths.h"
 
 namespace vellumark::app {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// The folder that the program's own file lies in; empty where the system doesn't tell.
-fs::path programFolder() {
-  std::error_code unknown;
-  return fs::read_symlink("/proc/self/exe", unknown).parent_path();
-}
-
-/// The first path below the program's folder that is there.
+/// The first path, seen from the folder of the program's own file, that is there.
 std::optional<fs::path> beside(std::initializer_list<const char*> candidates) {
-  const fs::path folder = programFolder();
+  const fs::path folder = fs::path(platform::toSystem(platform::executablePath())).parent_path();
   for (const char* candidate : candidates) {
     const fs::path path = (folder / candidate).lexically_normal();
     std::error_code missing;

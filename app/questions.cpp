@@ -52,16 +52,18 @@ std::string indented(const std::string& text) {
   return lines;
 }
 
-void tellShown(const ui::Shown& shown) {
-  const std::string answer = shown.answer.empty() ? "not answered" : "answered: " + oneLine(shown.answer);
-  tell(heading(shown) + ", \"" + oneLine(shown.title) + "\"\n" + indented(shown.text) + "  " + answer + "\n");
-}
-
 /// Whether somebody sits in front of a display.
 bool hasDisplay() {
   using platform::environmentVariable;
   if (!environmentVariable("WAYLAND_DISPLAY") && !environmentVariable("DISPLAY")) return false;
   return isatty(STDERR_FILENO) || environmentVariable("VELLUMARK_SHOW") == "1";
+}
+
+void tellShown(const ui::Shown& shown) {
+  const std::string answer = !shown.answer.empty() ? "answered: " + oneLine(shown.answer)
+                             : shown.kind == ui::Shown::Kind::form && hasDisplay() ? "shown on the display"
+                                                                                   : "not answered";
+  tell(heading(shown) + ", \"" + oneLine(shown.title) + "\"\n" + indented(shown.text) + "  " + answer + "\n");
 }
 
 /// Shows a form on the display; false where that can't be. The toolkit for it is loaded only now, because

@@ -22,6 +22,7 @@ class Questions {
   Questions(const Questions&) = delete;
   Questions& operator=(const Questions&) = delete;
 
+  /// The command comes next.
   void begin();
 
   /// A Failure where an error report came up, or a dialog that nothing answers: the command `name` broke off,

@@ -174,17 +174,19 @@ Exit demo(const DemoOptions& options) {
   const Scene scene = readingDeck(options.deck, [&] { return chooseSlide(presentation, options.deck); });
   session.goToSlide(scene.slide);
 
+  questions.begin();
   Director director(session);
   const std::vector<Candidate> row = findRow(scene.candidates);
   straightenRow(director, row, presentation.PageSetup().SlideWidth());
   placeInGoldenSection(director, scene, row);
+  questions.requireWhole("demo");
   session.save(options.out);
 
   print("Slide " + std::to_string(scene.slide) + " of " + oneLine(options.deck) + "\n\n" +
         director.steps().text("  ") + "\nThe boxes that the eye sees, in points, before → after\n\n" +
         boxTable(director.before(), director.after(), Show::all).text("  ") + "\nwritten " +
         oneLine(options.out) + "\n");
-  return Exit::done;
+  return questions.settle("demo");
 }
 
 }  // namespace vellumark::app

@@ -174,31 +174,90 @@ void TrimlineTools::spanVertically(const Shape& shape, double top, double height
   setTop(shape, top);
 }
 
-#define VELLUMARK_COMMAND(name, procedure, mode)                   \
-  void TrimlineTools::name() {                                     \
-    trap("TrimlineTools, " #name, [&] { procedure(Mode::mode); }); \
-  }
-VELLUMARK_COMMAND(alignLefts, align, left)
-VELLUMARK_COMMAND(alignCenters, align, center)
-VELLUMARK_COMMAND(alignRights, align, right)
-VELLUMARK_COMMAND(alignTops, align, top)
-VELLUMARK_COMMAND(alignMiddles, align, middle)
-VELLUMARK_COMMAND(alignBottoms, align, bottom)
-VELLUMARK_COMMAND(alignWidths, alignSizes, width)
-VELLUMARK_COMMAND(alignHeights, alignSizes, height)
-VELLUMARK_COMMAND(alignWidthsAndHeights, alignSizes, widthAndHeight)
-VELLUMARK_COMMAND(stretchLeft, stretch, left)
-VELLUMARK_COMMAND(stretchRight, stretch, right)
-VELLUMARK_COMMAND(stretchTop, stretch, top)
-VELLUMARK_COMMAND(stretchBottom, stretch, bottom)
-VELLUMARK_COMMAND(moveLeftToMasterRight, moveToMaster, left)
-VELLUMARK_COMMAND(moveRightToMasterLeft, moveToMaster, right)
-VELLUMARK_COMMAND(moveTopToMasterBottom, moveToMaster, top)
-VELLUMARK_COMMAND(moveBottomToMasterTop, moveToMaster, bottom)
-VELLUMARK_COMMAND(stretchLeftToMasterRight, stretchToMaster, left)
-VELLUMARK_COMMAND(stretchRightToMasterLeft, stretchToMaster, right)
-VELLUMARK_COMMAND(stretchTopToMasterBottom, stretchToMaster, top)
-VELLUMARK_COMMAND(stretchBottomToMasterTop, stretchToMaster, bottom)
-#undef VELLUMARK_COMMAND
+// The public commands, each a procedure with a fixed mode.
+
+void TrimlineTools::alignLefts() {
+  trap("TrimlineTools, alignLefts", [&] { align(Mode::left); });
+}
+
+void TrimlineTools::alignCenters() {
+  trap("TrimlineTools, alignCenters", [&] { align(Mode::center); });
+}
+
+void TrimlineTools::alignRights() {
+  trap("TrimlineTools, alignRights", [&] { align(Mode::right); });
+}
+
+void TrimlineTools::alignTops() {
+  trap("TrimlineTools, alignTops", [&] { align(Mode::top); });
+}
+
+void TrimlineTools::alignMiddles() {
+  trap("TrimlineTools, alignMiddles", [&] { align(Mode::middle); });
+}
+
+void TrimlineTools::alignBottoms() {
+  trap("TrimlineTools, alignBottoms", [&] { align(Mode::bottom); });
+}
+
+void TrimlineTools::alignWidths() {
+  trap("TrimlineTools, alignWidths", [&] { alignSizes(Mode::width); });
+}
+
+void TrimlineTools::alignHeights() {
+  trap("TrimlineTools, alignHeights", [&] { alignSizes(Mode::height); });
+}
+
+void TrimlineTools::alignWidthsAndHeights() {
+  trap("TrimlineTools, alignWidthsAndHeights", [&] { alignSizes(Mode::widthAndHeight); });
+}
+
+void TrimlineTools::stretchLeft() {
+  trap("TrimlineTools, stretchLeft", [&] { stretch(Mode::left); });
+}
+
+void TrimlineTools::stretchRight() {
+  trap("TrimlineTools, stretchRight", [&] { stretch(Mode::right); });
+}
+
+void TrimlineTools::stretchTop() {
+  trap("TrimlineTools, stretchTop", [&] { stretch(Mode::top); });
+}
+
+void TrimlineTools::stretchBottom() {
+  trap("TrimlineTools, stretchBottom", [&] { stretch(Mode::bottom); });
+}
+
+void TrimlineTools::moveLeftToMasterRight() {
+  trap("TrimlineTools, moveLeftToMasterRight", [&] { moveToMaster(Mode::left); });
+}
+
+void TrimlineTools::moveRightToMasterLeft() {
+  trap("TrimlineTools, moveRightToMasterLeft", [&] { moveToMaster(Mode::right); });
+}
+
+void TrimlineTools::moveTopToMasterBottom() {
+  trap("TrimlineTools, moveTopToMasterBottom", [&] { moveToMaster(Mode::top); });
+}
+
+void TrimlineTools::moveBottomToMasterTop() {
+  trap("TrimlineTools, moveBottomToMasterTop", [&] { moveToMaster(Mode::bottom); });
+}
+
+void TrimlineTools::stretchLeftToMasterRight() {
+  trap("TrimlineTools, stretchLeftToMasterRight", [&] { stretchToMaster(Mode::left); });
+}
+
+void TrimlineTools::stretchRightToMasterLeft() {
+  trap("TrimlineTools, stretchRightToMasterLeft", [&] { stretchToMaster(Mode::right); });
+}
+
+void TrimlineTools::stretchTopToMasterBottom() {
+  trap("TrimlineTools, stretchTopToMasterBottom", [&] { stretchToMaster(Mode::top); });
+}
+
+void TrimlineTools::stretchBottomToMasterTop() {
+  trap("TrimlineTools, stretchBottomToMasterTop", [&] { stretchToMaster(Mode::bottom); });
+}
 
 }  // namespace vellumark::tools

@@ -71,6 +71,7 @@ TEST_F(Usage, DecksThatCannotBeReadEndWithStatus3) {
   } cases[] = {
       {folder_.path("missing.pptx"), "there is no such file"},
       {folder_.root().string(), "is a folder"},
+      {"/dev/zero", "is no file"},
       {folder_.write("empty.pptx", ""), "empty.pptx"},
       {folder_.write("text.pptx", "This is no presentation."), "text.pptx"},
       {folder_.write("half.pptx", whole.substr(0, whole.size() / 2)), "half.pptx"},

@@ -156,16 +156,5 @@ TEST_F(Toolbars, InHelpModeAClickRunsNothing) {
   EXPECT_EQ(counters(), "");
 }
 
-TEST_F(Toolbars, CheckedButtonsShowATick) {
-  controls->checkButton(toolbar(), "Wrap text in AutoShape", true);
-  EXPECT_EQ(entry("Wrap text in AutoShape").State(), -1);
-  EXPECT_EQ(entry("Wrap text in AutoShape").FaceId(), 990);
-  controls->checkButton(toolbar(), "Wrap text in AutoShape", false);
-  EXPECT_EQ(entry("Wrap text in AutoShape").State(), 0);
-  EXPECT_EQ(entry("Wrap text in AutoShape").FaceId(), 1);
-  controls->checkButton(toolbar(), "no button", true);
-  EXPECT_EQ(failures.take(), Texts{"pptControls, checkButton: -2147024809"});
-}
-
 }  // namespace
 }  // namespace vellumark::commands

@@ -252,30 +252,5 @@ TEST_F(Events, OnlyRibbonHostsInvalidateTheRibbon) {
   }
 }
 
-TEST_F(Events, Check90degr) {
-  open("11.0");
-  struct Case {
-    std::vector<std::string> shapes;
-    AngleCheck check;
-  };
-  const Case cases[] = {
-      {{"Chevron", "Pentagon"}, {true, true, true, true}},
-      {{"Chevron", "Chevron30"}, {true, false, false, true}},
-      {{"Chevron30", "Chevron"}, {false, true, false, true}},
-      {{"Chevron", "Rect89.6"}, {true, true, false, false}},
-      {{"Group", "Chevron"}, {true, true, true, false}},
-      {{"Chevron30"}, {true, false, true, true}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::PrintToString(c.shapes));
-    select(c.shapes);
-    const AngleCheck check = events->check90degr(host->application().ActiveWindow().Selection().ShapeRange());
-    EXPECT_EQ(check.allButLastRightAngled, c.check.allButLastRightAngled);
-    EXPECT_EQ(check.lastRightAngled, c.check.lastRightAngled);
-    EXPECT_EQ(check.sameRotation, c.check.sameRotation);
-    EXPECT_EQ(check.allProcessShapes, c.check.allProcessShapes);
-  }
-}
-
 }  // namespace
 }  // namespace vellumark::commands

@@ -138,16 +138,11 @@ TEST_F(Geometry, SizesAtOtherAnglesAreRefused) {
 
 // Each procedure traps for itself: the innermost reports, the others go on with what it gives.
 TEST_F(Geometry, FailuresAreReportedOnce) {
-  const auto object = std::make_shared<test::FakeObject>(
-      "Shape", std::map<std::string, host::Value>{{"Left", 1.F}, {"Width", 40.F}});
-  const host::Shape s{object};
-  EXPECT_EQ(tools.getLeft(s), 0);
-  EXPECT_EQ(failures.take(), Texts{"TrimlineTools, getRotatedMetrics: 438"});
+  const host::Shape s{std::make_shared<test::FakeObject>(
+      "Shape", std::map<std::string, host::Value>{{"Left", 1.F}, {"Width", 40.F}})};
   tools.setLeft(s, 100);
   EXPECT_EQ(failures.take(), Texts{"TrimlineTools, getRotatedMetrics: 438"});
   EXPECT_EQ(s.Left(), 80) << "100 + 0.5 x 0 - 0.5 x 40";
-  tools.setWidth(s, 100);
-  EXPECT_EQ(failures.take().size(), 1U);
 }
 
 }  // namespace

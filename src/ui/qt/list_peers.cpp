@@ -77,9 +77,9 @@ class ListPeer : public Peer {
       : Peer(list, window), list_(list), view_(new QListWidget(&window.widget())) {
     use(view_);
     watch(view_->viewport());
-    connect(view_, &QListWidget::currentRowChanged, this, [this](int row) {
+    connect(view_, &QListWidget::itemSelectionChanged, this, [this] {
       actOnItems([&] {
-        if (row < list_.listCount()) list_.listIndex(row);
+        if (const int row = selectedRow(); row >= 0 && row < list_.listCount()) list_.listIndex(row);
       });
     });
     connect(view_, &QListWidget::itemChanged, this, [this](const QListWidgetItem* item) {
@@ -100,7 +100,13 @@ class ListPeer : public Peer {
       row.setText(toQt(item.text));
       if (list_.checkBoxes()) row.setCheckState(item.checked ? Qt::Checked : Qt::Unchecked);
     }
-    if (view_->currentRow() != list_.listIndex()) view_->setCurrentRow(list_.listIndex());
+    if (selectedRow() != list_.listIndex()) view_->setCurrentRow(list_.listIndex());
+  }
+
+  /// Qt has a current row as soon as the list has the focus; chosen is what is selected.
+  int selectedRow() const {
+    const auto selected = view_->selectedItems();
+    return selected.empty() ? -1 : view_->row(selected.front());
   }
 
   ListBox& list_;

@@ -66,8 +66,8 @@ QString filterText(const FileDialog::Filter& filter) {
   return toQt(filter.description) + QLatin1String(" (") + toQt(filter.patterns).replace(u';', u' ') + u')';
 }
 
-/// Makes the application on first use. It stays until the process ends, because at exit it would look for what other
-/// parts of Qt have put away already.
+/// Makes the application on first use. It stays until the process ends, because at exit it would look for
+/// what other parts of Qt have put away already.
 void useApplication() {
   if (QApplication::instance()) return;
   static int count = 1;

@@ -26,9 +26,8 @@ class TreePeer : public Peer {
     view_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
     use(view_);
     watch(view_->viewport());
-    connect(view_, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
-      actOnNode(item, [this](const std::string& key) { tree_.select(key); });
-    });
+    connect(view_, &QTreeWidget::itemSelectionChanged, this,
+            [this] { actOnNode(selectedItem(), [this](const std::string& key) { tree_.select(key); }); });
     connect(view_, &QTreeWidget::itemChanged, this, [this](const QTreeWidgetItem* item) {
       actOnNode(item, [this, text = fromQt(item->text(0))](const std::string& key) {
         if (tree_.find(key)->text != text) tree_.userEditLabel(key, text);
@@ -59,7 +58,13 @@ class TreePeer : public Peer {
     for (QTreeWidgetItemIterator item(view_); *item; ++item) {
       if (!tree_.selectedKey().empty() && keyOf(*item) == tree_.selectedKey()) selected = *item;
     }
-    if (view_->currentItem() != selected) view_->setCurrentItem(selected);
+    if (selectedItem() != selected) view_->setCurrentItem(selected);
+  }
+
+  /// Qt has a current item as soon as the tree has the focus; selected is another thing.
+  QTreeWidgetItem* selectedItem() const {
+    const auto selected = view_->selectedItems();
+    return selected.empty() ? nullptr : selected.front();
   }
 
   void loadImages() {
