@@ -68,6 +68,7 @@ ErrForm::ErrForm() : Form("ErrForm", std::string(productTitle)) {
   }
   errReport.onClick = [this] { errReport_Click(); };
   lPrivacyInfo.onClick = [this] { lPrivacyInfo_Click(); };
+  lPrivacyInfo.onMouseMove = [this] { lPrivacyInfo_MouseMove(); };
   btnSendReport.onClick = [this] { btnSendReport_Click(); };
   btnCancel.onClick = [this] { btnCancel_Click(); };
 }
@@ -91,7 +92,7 @@ void ErrForm::Form_Load() {
 }
 
 void ErrForm::Form_Activate() {
-  guarded("ErrForm, Form_Activate, ", [&] { topMost(true); });
+  guarded("ErrForm, Form_Activate, ", [&] { topWindow(*this, true); });
 }
 
 void ErrForm::errReport_Click() {
@@ -116,6 +117,13 @@ void ErrForm::Form_Click() {
 
 void ErrForm::lPrivacyInfo_Click() {
   guarded("ErrForm, lPrivacyInfo_Click, ", [&] { openURL(std::string(webBaseUrl) + "zorp_privacy.pdf"); });
+}
+
+/// The pointer over a link is a hand.
+void ErrForm::lPrivacyInfo_MouseMove() {
+  guarded("ErrForm, lPrivacyInfo_MouseMove, ", [&] {
+    if (!lPrivacyInfo.link()) lPrivacyInfo.link(true);
+  });
 }
 
 void ErrForm::btnCancel_Click() {

@@ -40,6 +40,7 @@ class ErrForm : public ui::Form {
   void Form_Click();
   void errReport_Click();
   void lPrivacyInfo_Click();
+  void lPrivacyInfo_MouseMove();
   void btnSendReport_Click();
   void btnCancel_Click();
 

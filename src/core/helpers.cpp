@@ -132,4 +132,6 @@ void showHelpContextID(int id) {
        [&] { platform::openHelp(globals().programFolder + "zorp.chm", id); });
 }
 
+void topWindow(ui::Form& form, bool on) { form.topMost(on); }
+
 }  // namespace vellumark::core

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/shape.h"
+#include "ui/form.h"
 
 namespace vellumark::core {
 
@@ -43,5 +44,7 @@ std::string padHex(std::uint32_t value, int width);
 void openURL(const std::string& url);
 /// Opens the help on that context id.
 void showHelpContextID(int id);
+/// Keeps a form above all other windows, or no longer. Without a trap.
+void topWindow(ui::Form& form, bool on);
 
 }  // namespace vellumark::core
