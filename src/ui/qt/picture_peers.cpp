@@ -1,5 +1,4 @@
 #include <QFrame>
-#include <QGroupBox>
 #include <QPainter>
 #include <QProgressBar>
 #include <algorithm>
@@ -77,19 +76,49 @@ class LinePeer : public PassivePeer {
   }
 };
 
+/// A border with its title in the upper edge, as the layout leaves room for it.
+class FrameView : public QWidget {
+ public:
+  using QWidget::QWidget;
+  void title(const QString& text) {
+    title_ = text;
+    update();
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    const QFontMetrics metrics = fontMetrics();
+    const int gap = metrics.height() / 4;
+    const QRect text(3 * gap, 0, title_.isEmpty() ? 0 : metrics.horizontalAdvance(title_), metrics.height());
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRegion(title_.isEmpty() ? QRegion(rect())
+                                           : QRegion(rect()) - text.adjusted(-gap, 0, gap, 0));
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, metrics.height() / 2 + 0.5, -0.5, -0.5), 3, 3);
+    painter.restore();
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, title_);
+  }
+
+ private:
+  QString title_;
+};
+
 class FramePeer : public PassivePeer {
  public:
   FramePeer(Frame& frame, PeerWindow& window)
-      : PassivePeer(frame, window), frame_(frame), view_(new QGroupBox(&window.widget())) {
+      : PassivePeer(frame, window), frame_(frame), view_(new FrameView(&window.widget())) {
     use(view_);
     view_->lower();  // what it frames lies on it
   }
 
  private:
-  void show() override { view_->setTitle(toQt(frame_.caption())); }
+  void show() override { view_->title(toQt(plainCaption(frame_.caption()))); }
 
   Frame& frame_;
-  QGroupBox* view_;
+  FrameView* view_;
 };
 
 class ProgressPeer : public PassivePeer {
