@@ -43,11 +43,12 @@ inline constexpr int wrongArgumentCount = 450;
 inline constexpr int duplicateKey = 457;
 inline constexpr int registryWrite = 26001;
 inline constexpr int invalidRequest = -2147188160;  ///< 80048240: not possible in this state
-inline constexpr int unspecific = -2147467259;      ///< 80004005: a file can't be opened, a window in transition
-inline constexpr int outOfRange = -2147024809;      ///< 80070057: this object lacks that member or item
+inline constexpr int unspecific = -2147467259;  ///< 80004005: a file can't be opened, a window in transition
+inline constexpr int outOfRange = -2147024809;  ///< 80070057: this object lacks that member or item
 }  // namespace errors
 
-/// The standard description that belongs to a number, "Application-defined or object-defined error" if none does.
+/// The standard description that belongs to a number, "Application-defined or object-defined error" if none
+/// does.
 std::string standardDescription(int number);
 
 /// Throws an Error with the standard description of `number`.

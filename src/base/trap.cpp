@@ -10,7 +10,9 @@ FailureHandler& route() {
 }
 }  // namespace
 
-FailureHandler setFailureHandler(FailureHandler handler) { return std::exchange(route(), std::move(handler)); }
+FailureHandler setFailureHandler(FailureHandler handler) {
+  return std::exchange(route(), std::move(handler));
+}
 
 namespace detail {
 

@@ -1,5 +1,6 @@
 #pragma once
-// The error trap that nearly every procedure carries, and the local mode that passes over a failing statement.
+// The error trap that nearly every procedure carries, and the local mode that passes over a failing
+// statement.
 
 #include <functional>
 #include <new>
@@ -10,7 +11,8 @@
 
 namespace vellumark::base {
 
-/// What a trap does with a failure: the location string of the procedure ("TrimlineTools, align") and the error.
+/// What a trap does with a failure: the location string of the procedure ("TrimlineTools, align") and the
+/// error.
 using FailureHandler = std::function<void(std::string_view location, const Error& error)>;
 
 /// Sets the one route that every trap hands its failures to and returns the one before. Without one, failures
@@ -36,8 +38,8 @@ auto trap(std::string_view location, Body&& body) -> std::invoke_result_t<Body> 
   if constexpr (!std::is_void_v<Result>) return Result{};
 }
 
-/// As above, for procedures that look at the error first: where `expected(error)` answers true it has dealt with
-/// the failure, and nothing is reported.
+/// As above, for procedures that look at the error first: where `expected(error)` answers true it has dealt
+/// with the failure, and nothing is reported.
 template <typename Body, typename Filter>
 auto trap(std::string_view location, Body&& body, Filter&& expected) -> std::invoke_result_t<Body> {
   using Result = std::invoke_result_t<Body>;
