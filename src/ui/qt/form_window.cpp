@@ -166,7 +166,7 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
 
 void FormWindow::mousePressEvent(QMouseEvent* event) {
   QDialog::mousePressEvent(event);
-  perform([&] { form_->clickBackground(); });
+  if (event->button() == Qt::LeftButton) perform([&] { form_->clickBackground(); });
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
