@@ -3,8 +3,11 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <exception>
+#include <new>
 #include <string>
 
+#include "base/error.h"
 #include "commands/commands.h"
 #include "commands/demo.h"
 #include "commands/run.h"
@@ -131,7 +134,7 @@ void addDemo(CLI::App& program, DemoOptions& options) {
 
 }  // namespace
 
-Exit runCommandLine(int argc, const char* const* argv) {
+Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surroundings) {
   CLI::App program("Shape tools for business slides, on .pptx files, without PowerPoint.", "vellumark");
   program.require_subcommand(1);
   program.set_version_flag("--version", "vellumark " + std::string(core::addInVersion));
@@ -166,8 +169,24 @@ Exit runCommandLine(int argc, const char* const* argv) {
   const std::string subcommand = chosen().front()->get_name();
   if (subcommand == "show") return show(showOptions);
   if (subcommand == "commands") return listCommands(commandsJson);
-  if (subcommand == "run") return run(runOptions);
-  return demo(demoOptions);
+  if (subcommand == "run") return run(runOptions, surroundings);
+  return demo(demoOptions, surroundings);
+}
+
+int runProgram(int argc, const char* const* argv, const Surroundings& surroundings) {
+  try {
+    return static_cast<int>(runCommandLine(argc, argv, surroundings));
+  } catch (const Failure& failure) {
+    tellFailure(failure.what());
+    return static_cast<int>(failure.exit());
+  } catch (const base::Error& error) {
+    tellFailure(error.description() + " (" + std::to_string(error.number()) + ")");
+  } catch (const std::bad_alloc&) {
+    tellFailure("out of memory: the deck is too large for this machine");
+  } catch (const std::exception& failure) {
+    tellFailure(failure.what());
+  }
+  return static_cast<int>(Exit::refused);
 }
 
 }  // namespace vellumark::app

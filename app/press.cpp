@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "failure.h"
+#include "services/language_rows.h"
 
 namespace vellumark::app {
 namespace {
@@ -25,12 +26,12 @@ std::optional<std::int16_t> ribbonNumber(std::string_view text) {
 
 /// The ribbon has no button for each language, but one for each of the user's three: that of the argument, or
 /// the first.
-std::int16_t languageNumber(const CommandCall& call) {
+std::int16_t languageNumber(AddIn& addIn, const CommandCall& call) {
   if (call.argument.empty()) return call.number;
-  const auto& shortcuts = core::globals().languageShortcuts;
-  for (std::size_t i = 0; i < shortcuts.size(); ++i) {
-    if (shortcuts[i] > 0 && std::to_string(shortcuts[i]) == call.argument) {
-      return static_cast<std::int16_t>(1093 + i);
+  for (const services::LanguageRow& row : services::languageRows) {
+    if (std::to_string(row.languageId) != call.argument) continue;
+    for (const std::int16_t number : {1093, 1094, 1095}) {
+      if (addIn.callBack("getLabel", ribbonControl(number)).toString() == row.name) return number;
     }
   }
   refuse(call, call.argument + " is none of the user's languages; take a host with toolbars: --host 11.0");
@@ -40,18 +41,19 @@ void pressOnRibbon(Session& session, const CommandCall& call) {
   if (call.number == 0)
     refuse(call, "the ribbon has no button for it; take a host with toolbars: --host 11.0");
   const bool language = base::equalsIgnoreCase(call.command->method, "setLanguage");
-  const std::int16_t number = language ? languageNumber(call) : call.number;
+  AddIn& addIn = session.addIn();
+  const std::int16_t number = language ? languageNumber(addIn, call) : call.number;
   const host::IRibbonControl control = ribbonControl(number);
-  addin::Connect& addIn = session.addIn();
-  if (!addIn.getEnabled(control)) {
+  if (!addIn.callBack("getEnabled", control).toBool()) {
     const auto rule = commands::ruleOf(number);
     refuse(call, "disabled for this selection; it needs " + (rule ? rule->text() : "another one") +
                      ": see --select and --slides");
   }
   if (call.command->toggle) {
-    addIn.onActionTB(control, !addIn.getPressed(control));
+    const bool pressed = addIn.callBack("getPressed", control).toBool();
+    addIn.callBack("onActionTB", {host::Value(control.object()), host::Value(!pressed)});
   } else {
-    addIn.onAction(control);
+    addIn.callBack("onAction", control);
   }
 }
 

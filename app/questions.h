@@ -1,7 +1,8 @@
 #pragma once
-// The message boxes and dialogs of a run: answered in advance, told on standard error, and only where nothing
-// answers a dialog shown on the display.
+// The message boxes and dialogs of a run: answered in advance and told on standard error.
 
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,13 +13,12 @@
 
 namespace vellumark::app {
 
-/// The toolkit of the program while it lives. While the add-in starts, boxes get their default answer; for
-/// the command, from begin() on, they get the given ones, and what comes up counts.
+/// Answers what comes up while it lives. While the add-in starts, boxes get their default answer; for the
+/// command, from begin() on, they get the given ones, and what comes up counts.
 class Questions {
  public:
-  /// Answers in the order in which they are asked for. A Failure of usage for a script that makes no sense.
-  explicit Questions(std::vector<std::string> dialogs = {}, std::vector<std::string> answers = {});
-  ~Questions();
+  Questions() = default;
+  virtual ~Questions() = default;
   Questions(const Questions&) = delete;
   Questions& operator=(const Questions&) = delete;
 
@@ -32,24 +32,39 @@ class Questions {
   /// told.
   Exit settle(const std::string& name) const;
 
+ protected:
+  /// Makes the given answers ready, in the order in which they are asked for.
+  virtual void arm() = 0;
+  /// The answers that nothing asked for.
+  virtual std::vector<std::string> unused() const = 0;
+
+  /// Tells what came up, what it was answered (empty for nothing, `elsewhere` for what a user sees now), and
+  /// counts it.
+  void note(ui::Shown shown, const std::string& elsewhere = "not answered");
+  /// An error report came up.
+  void noteErrorReport(const std::string& description) { errorReport_ = description; }
+  /// A dialog got no answer that closes it.
+  void noteUnanswered(const base::Error& why) { unanswered_ = why; }
+  const std::optional<base::Error>& unanswered() const { return unanswered_; }
+
  private:
-  class Toolkit : public ui::HeadlessToolkit {
-   public:
-    Toolkit();
-    void showModal(ui::Form& form) override;
-
-    bool counting = false;
-    bool critical = false;                  ///< whether a critical box came up
-    std::string errorReport;                ///< what the last error report says
-    std::optional<base::Error> unanswered;  ///< why a dialog got no answer that closes it
-
-   private:
-    void note(ui::Shown shown);
-  };
-
-  std::vector<std::string> dialogs_, answers_;
-  Toolkit toolkit_;
-  ui::Toolkit* before_;
+  bool counting_ = false;
+  bool critical_ = false;                  ///< whether a critical box came up
+  std::string errorReport_;                ///< what the last error report says
+  std::optional<base::Error> unanswered_;  ///< why a dialog got no answer that closes it
 };
+
+/// Name of the dialog that reports errors, and of the label in it that describes the error.
+inline constexpr const char* errorForm = "ErrForm";
+inline constexpr const char* errorLabel = "errDescription";
+
+/// Makes the answers to dialogs and to boxes. A Failure of usage for a script that makes no sense.
+using QuestionsMaker = std::function<std::unique_ptr<Questions>(std::vector<std::string> dialogs,
+                                                                std::vector<std::string> answers)>;
+
+/// Answers from the scripts alone, and shows only what nothing answers on the display, where somebody sits
+/// before one.
+std::unique_ptr<Questions> scriptedQuestions(std::vector<std::string> dialogs,
+                                             std::vector<std::string> answers);
 
 }  // namespace vellumark::app

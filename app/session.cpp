@@ -6,16 +6,15 @@
 #include "base/trap.h"
 #include "failure.h"
 #include "files.h"
-#include "platform/paths.h"
 
 namespace vellumark::app {
 
-Session::Session(const std::string& hostVersion, const std::filesystem::path& installation)
-    : host_(hostVersion), addIn_(platform::fromSystem((installation / "addin").string())) {
-  addIn_.IDTExtensibility2_OnConnection(application(), {}, {}, {});
+Session::Session(const std::string& hostVersion, std::unique_ptr<AddIn> addIn)
+    : host_(hostVersion), addIn_(std::move(addIn)) {
+  addIn_->connect(application());
   if (!host_.state()->beforeRibbon()) {
     ribbon_ = std::make_shared<Ribbon>();
-    addIn_.onLoad(host::IRibbonUI(ribbon_));
+    addIn_->callBack("onLoad", {host::Value(ribbon_)});
   }
 }
 
@@ -28,7 +27,7 @@ Session::~Session() {
       presentation.Close();
     }
   });
-  base::resumeNext([&] { addIn_.IDTExtensibility2_OnDisconnection({}, {}); });
+  base::resumeNext([&] { addIn_->disconnect(); });
 }
 
 host::Presentation Session::open(const std::string& path) {

@@ -2,12 +2,11 @@
 // A running host with the add-in in it, as a user has it in front of them.
 
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "addin/connect.h"
+#include "add_in.h"
 #include "deck/embedded_host.h"
 #include "ribbon.h"
 
@@ -15,16 +14,16 @@ namespace vellumark::app {
 
 class Session {
  public:
-  /// Starts a host of that version and connects the add-in that lies in the installation. On hosts with a
-  /// ribbon the ribbon is loaded, as the host does after connecting.
-  Session(const std::string& hostVersion, const std::filesystem::path& installation);
+  /// Starts a host of that version and connects the add-in. On hosts with a ribbon the ribbon is loaded, as
+  /// the host does after connecting.
+  Session(const std::string& hostVersion, std::unique_ptr<AddIn> addIn);
   /// Closes what is open, without asking, and disconnects the add-in.
   ~Session();
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
   host::Application application() const { return host_.application(); }
-  addin::Connect& addIn() { return addIn_; }
+  AddIn& addIn() { return *addIn_; }
   /// Hosts from 12.0 have a ribbon, those before it command bars.
   bool hasRibbon() const { return ribbon_ != nullptr; }
 
@@ -50,7 +49,7 @@ class Session {
 
  private:
   deck::EmbeddedHost host_;
-  addin::Connect addIn_;
+  std::unique_ptr<AddIn> addIn_;
   std::shared_ptr<Ribbon> ribbon_;
 };
 

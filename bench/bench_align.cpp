@@ -22,8 +22,8 @@ void alignShapes(benchmark::State& state, const std::string& command) {
   }
   builder.save(folder.path("deck.pptx"));
 
-  app::Questions questions;
-  app::Session session("14.0", BENCH_PRODUCT);
+  const auto questions = app::scriptedQuestions({}, {});
+  app::Session session("14.0", app::builtInAddIn(BENCH_PRODUCT));
   session.open(folder.path("deck.pptx"));
   const host::Shapes shapes = session.shapesInView();
   std::vector<host::Shape> all;

@@ -40,9 +40,9 @@ void withinProcess(benchmark::State& state) {
   const test::TempFolder folder;
   const std::string out = folder.path("out.pptx");
   const int slide = slideInDeck();
-  app::Questions questions;
+  const auto questions = app::scriptedQuestions({}, {});
   for (auto _ : state) {
-    app::Session session("14.0", BENCH_PRODUCT);
+    app::Session session("14.0", app::builtInAddIn(BENCH_PRODUCT));
     session.open(deckPath());
     session.goToSlide(slide);
     session.selectShapes("@1,@2");

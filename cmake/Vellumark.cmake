@@ -16,6 +16,9 @@ endif()
 function(vellumark_options target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual
                          -Wno-restrict)  # g++ 12 finds false ones in "text" + std::string
+  if(WIN32)
+    target_compile_options(${target} PRIVATE -Wno-non-virtual-dtor)  # COM's interfaces have no destructors
+  endif()
   if(VELLUMARK_WERROR)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
@@ -36,10 +39,11 @@ function(vellumark_library name)
   vellumark_options(vellumark_${name})
 endfunction()
 
-# vellumark_test(NAME SOURCES... [LIBS targets...]): the test program test_NAME, its cases known to ctest.
+# vellumark_test(NAME SOURCES... [LIBS targets...] [LOCK resource]): the test program test_NAME, its cases known to ctest.
+# Cases with the same LOCK don't run at the same time.
 # TEST_SHARED_DECKS names the folder of decks from elsewhere; a test that needs them skips where it is missing.
 function(vellumark_test name)
-  cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+  cmake_parse_arguments(ARG "" "LOCK" "LIBS" ${ARGN})
   add_executable(test_${name} ${ARG_UNPARSED_ARGUMENTS})
   target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(test_${name} PRIVATE ${ARG_LIBS} GTest::gtest_main)
@@ -50,6 +54,10 @@ function(vellumark_test name)
   if(WIN32)
     add_test(NAME windows.${name} COMMAND test_${name})  # one start of Wine for all of its cases
   else()
-    gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600)
+    set(lock)
+    if(ARG_LOCK)
+      set(lock RESOURCE_LOCK ${ARG_LOCK})
+    endif()
+    gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600 ${lock})
   endif()
 endfunction()

@@ -165,28 +165,28 @@ void placeInGoldenSection(Director& director, const Scene& scene, const std::vec
 
 }  // namespace
 
-Exit demo(const DemoOptions& options) {
+Exit demo(const DemoOptions& options, const Surroundings& surroundings) {
   requireDeck(options.deck);
   requireOther(options.out, options.deck);
-  Questions questions;
-  Session session("14.0", installationRoot(options.root));
+  const auto questions = surroundings.questions({}, {});
+  Session session("14.0", surroundings.addIn(installationRoot(options.root)));
   const host::Presentation presentation = session.open(options.deck);
   const Scene scene = readingDeck(options.deck, [&] { return chooseSlide(presentation, options.deck); });
   session.goToSlide(scene.slide);
 
-  questions.begin();
+  questions->begin();
   Director director(session);
   const std::vector<Candidate> row = findRow(scene.candidates);
   straightenRow(director, row, presentation.PageSetup().SlideWidth());
   placeInGoldenSection(director, scene, row);
-  questions.requireWhole("demo");
+  questions->requireWhole("demo");
   session.save(options.out);
 
   print("Slide " + std::to_string(scene.slide) + " of " + oneLine(options.deck) + "\n\n" +
         director.steps().text("  ") + "\nThe boxes that the eye sees, in points, before → after\n\n" +
         boxTable(director.before(), director.after(), Show::all).text("  ") + "\nwritten " +
         oneLine(options.out) + "\n");
-  return questions.settle("demo");
+  return questions->settle("demo");
 }
 
 }  // namespace vellumark::app

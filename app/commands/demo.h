@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "failure.h"
+#include "surroundings.h"
 
 namespace vellumark::app {
 
@@ -14,6 +14,6 @@ struct DemoOptions {
 
 /// Straightens the shapes of one slide with a handful of commands, saves the result as a new file and shows
 /// the shapes' boxes before and after.
-Exit demo(const DemoOptions& options);
+Exit demo(const DemoOptions& options, const Surroundings& surroundings);
 
 }  // namespace vellumark::app

@@ -48,26 +48,26 @@ std::string changesText(const std::vector<Snapshot>& before, const std::vector<S
 
 }  // namespace
 
-Exit run(const RunOptions& options) {
+Exit run(const RunOptions& options, const Surroundings& surroundings) {
   const CommandCall call = findCommand(options.command);
   const auto root = installationRoot(options.root);
   requireDeck(options.deck);
   if (!options.out.empty()) requireOther(options.out, options.deck);
 
-  Questions questions(options.dialogs, options.answers);
-  Session session(options.host, root);
+  const auto questions = surroundings.questions(options.dialogs, options.answers);
+  Session session(options.host, surroundings.addIn(root));
   session.open(options.deck);
   arrange(session, options);
 
   const std::vector<Snapshot> before = takeSnapshots(session.shapesInView());
-  questions.begin();
+  questions->begin();
   try {
     press(session, call);
   } catch (const Failure&) {
-    questions.requireWhole(call.command->method);
+    questions->requireWhole(call.command->method);
     throw;
   }
-  questions.requireWhole(call.command->method);
+  questions->requireWhole(call.command->method);
 
   if (!options.out.empty() || options.inPlace) session.save(options.out);
   const host::Shapes shapes = session.shapesInView();
@@ -77,7 +77,7 @@ Exit run(const RunOptions& options) {
   } else {
     print(changesText(before, takeSnapshots(shapes)) + written(options));
   }
-  return questions.settle(call.command->method);
+  return questions->settle(call.command->method);
 }
 
 }  // namespace vellumark::app

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "failure.h"
+#include "surroundings.h"
 
 namespace vellumark::app {
 
@@ -26,6 +26,6 @@ struct RunOptions {
 
 /// Runs one command of the add-in on a deck as a user does: opens it in a window, selects, presses the
 /// button.
-Exit run(const RunOptions& options);
+Exit run(const RunOptions& options, const Surroundings& surroundings);
 
 }  // namespace vellumark::app

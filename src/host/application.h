@@ -44,8 +44,11 @@ class Application : public Handle {
   std::string Version() const { return get<std::string>(member::Version); }  ///< "14.0"
   /// Runs the macro "file!module.procedure" without arguments.
   void Run(const std::string& macro) const { call(member::Run, macro); }
-  /// Whether this is PowerPoint's application object.
-  bool isApplication() const { return object() && object()->typeName() == "Application"; }
+  /// Whether this is PowerPoint's application object, and not that of another program.
+  bool isApplication() const {
+    return object() && object()->typeName() == "Application" &&
+           get<std::string>(member::Name) == "Microsoft PowerPoint";
+  }
 };
 
 /// Hosts before the ribbon.

@@ -45,6 +45,8 @@ class Value {
     return std::holds_alternative<std::int32_t>(store_) || std::holds_alternative<float>(store_) ||
            std::holds_alternative<double>(store_) || std::holds_alternative<bool>(store_);
   }
+  bool isBool() const { return std::holds_alternative<bool>(store_); }
+  bool isSingle() const { return std::holds_alternative<float>(store_); }
   bool isFloating() const {
     return std::holds_alternative<float>(store_) || std::holds_alternative<double>(store_);
   }

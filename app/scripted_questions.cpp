@@ -1,0 +1,90 @@
+#include <unistd.h>
+
+#include "console.h"
+#include "platform/environment.h"
+#include "platform/library.h"
+#include "questions.h"
+
+namespace vellumark::app {
+namespace {
+
+/// Whether somebody sits in front of a display.
+bool hasDisplay() {
+  using platform::environmentVariable;
+  constexpr int standardError = 2;
+  if (!environmentVariable("WAYLAND_DISPLAY") && !environmentVariable("DISPLAY")) return false;
+  return isatty(standardError) || environmentVariable("VELLUMARK_SHOW") == "1";
+}
+
+/// Shows a form on the display; false where that can't be. The toolkit for it is loaded only now, because
+/// that takes longer than everything else that the program does.
+bool showOnDisplay(ui::Form& form) {
+  if (!hasDisplay()) return false;
+  ui::Toolkit* screen = nullptr;
+  try {
+    const auto library = platform::Library::besideExecutable("vellumark_qt");
+    screen = library.function<ui::Toolkit*()>("vellumark_create_qt_toolkit")();
+  } catch (const base::Error& error) {
+    tell("  can't be shown: " + oneLine(error.description()) + "\n");
+    return false;
+  }
+  // What the form asks belongs on the display as well.
+  ui::Toolkit* before = ui::setToolkit(screen);
+  screen->showModal(form);
+  ui::setToolkit(before);
+  return true;
+}
+
+/// The toolkit of the program while it lives.
+class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
+ public:
+  ScriptedQuestions(std::vector<std::string> dialogs, std::vector<std::string> answers)
+      : dialogs_(std::move(dialogs)), answers_(std::move(answers)) {
+    try {
+      for (const std::string& dialog : dialogs_) ui::parseDialogScript(dialog);
+    } catch (const base::Error& error) {
+      throw Failure(Exit::usage, "--dialog: " + error.description());
+    }
+    observer = [this](const ui::Shown& shown) {
+      note(shown, hasDisplay() ? "shown on the display" : "not answered");
+    };
+    screen = showOnDisplay;
+    before_ = ui::setToolkit(this);
+  }
+  ~ScriptedQuestions() override { ui::setToolkit(before_); }
+
+ private:
+  void arm() override {
+    for (const std::string& dialog : dialogs_) addDialog(dialog);
+    for (const std::string& answer : answers_) addAnswer(answer);
+  }
+  std::vector<std::string> unused() const override { return HeadlessToolkit::unused(); }
+
+  void showModal(ui::Form& form) override {
+    // A dialog that nobody answers is a failure, which the traps on its way report in further dialogs: once
+    // is enough.
+    if (unanswered()) throw *unanswered();
+    if (form.name() == errorForm) {
+      const auto* description = dynamic_cast<const ui::Label*>(form.find(errorLabel));
+      noteErrorReport(description ? description->caption() : "an unexpected error has occurred");
+    }
+    try {
+      HeadlessToolkit::showModal(form);
+    } catch (const base::Error& error) {
+      noteUnanswered(error);
+      throw;
+    }
+  }
+
+  std::vector<std::string> dialogs_, answers_;
+  ui::Toolkit* before_ = nullptr;
+};
+
+}  // namespace
+
+std::unique_ptr<Questions> scriptedQuestions(std::vector<std::string> dialogs,
+                                             std::vector<std::string> answers) {
+  return std::make_unique<ScriptedQuestions>(std::move(dialogs), std::move(answers));
+}
+
+}  // namespace vellumark::app

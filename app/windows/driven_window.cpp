@@ -1,0 +1,160 @@
+#include "windows/driven_window.h"
+
+#include <commctrl.h>
+
+#include <array>
+
+#include "base/conversions.h"
+#include "base/error.h"
+#include "base/text.h"
+#include "host/automation/com.h"
+#include "ui/control.h"
+#include "ui/toolkit.h"
+
+namespace vellumark::app {
+namespace {
+
+using host::automation::fromWide;
+using host::automation::toWide;
+
+constexpr int messageText = 0xFFFF;
+constexpr int messageIcon = 20;
+
+/// The name of a form (no child) or of one of its controls; empty for other windows.
+std::string nameOf(HWND form, HWND child) {
+  static const UINT askName = RegisterWindowMessageW(L"VellumarkControlName");
+  std::array<wchar_t, 64> name{};
+  SendMessageW(form, askName, reinterpret_cast<WPARAM>(child), reinterpret_cast<LPARAM>(name.data()));
+  return fromWide(name.data());
+}
+
+template <typename Visit>
+void eachChild(HWND parent, Visit visit) {
+  EnumChildWindows(
+      parent,
+      [](HWND child, LPARAM context) -> BOOL {
+        (*reinterpret_cast<Visit*>(context))(child);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&visit));
+}
+
+[[noreturn]] void refuse(const std::string& form, const ui::DialogStep& step, const std::string& why) {
+  base::raise(base::errors::invalidCall, "dialog " + form + ", step \"" + step.text + "\": " + why);
+}
+
+LONG buttonKind(HWND button) { return GetWindowLongW(button, GWL_STYLE) & BS_TYPEMASK; }
+
+bool isButton(HWND control) { return base::equalsIgnoreCase(windowClass(control), "Button"); }
+
+}  // namespace
+
+std::string windowText(HWND window) {
+  std::wstring text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+  SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  return fromWide(text.c_str());
+}
+
+std::string windowClass(HWND window) {
+  std::array<wchar_t, 64> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return fromWide(name.data());
+}
+
+std::optional<DrivenMessageBox> DrivenMessageBox::from(HWND window) {
+  if (windowClass(window) != "#32770" || GetDlgItem(window, messageText) == nullptr) return std::nullopt;
+  return DrivenMessageBox(window);
+}
+
+std::string DrivenMessageBox::text() const { return windowText(GetDlgItem(window_, messageText)); }
+
+ui::Icon DrivenMessageBox::icon() const {
+  const HWND picture = GetDlgItem(window_, messageIcon);
+  const auto shown = reinterpret_cast<HICON>(SendMessageW(picture, STM_GETICON, 0, 0));
+  if (picture == nullptr || shown == nullptr) return ui::Icon::none;
+  const std::pair<LPWSTR, ui::Icon> icons[] = {{IDI_HAND, ui::Icon::critical},
+                                               {IDI_QUESTION, ui::Icon::question},
+                                               {IDI_EXCLAMATION, ui::Icon::exclamation},
+                                               {IDI_ASTERISK, ui::Icon::information}};
+  for (const auto& [resource, icon] : icons) {
+    if (LoadIconW(nullptr, resource) == shown) return icon;
+  }
+  return ui::Icon::none;
+}
+
+std::string DrivenMessageBox::defaultButton() const {
+  const LRESULT answer = SendMessageW(window_, DM_GETDEFID, 0, 0);
+  if (HIWORD(answer) != DC_HASDEFID) return {};
+  return ui::plainCaption(windowText(GetDlgItem(window_, LOWORD(answer))));
+}
+
+bool DrivenMessageBox::press(const std::string& caption) const {
+  bool pressed = false;
+  eachChild(window_, [&](HWND child) {
+    if (pressed || !isButton(child)) return;
+    if (!base::equalsIgnoreCase(ui::plainCaption(windowText(child)), caption)) return;
+    PostMessageW(child, BM_CLICK, 0, 0);
+    pressed = true;
+  });
+  return pressed;
+}
+
+std::optional<DrivenForm> DrivenForm::from(HWND window) {
+  if (windowClass(window) != "VellumarkForm") return std::nullopt;
+  return DrivenForm(window, nameOf(window, nullptr));
+}
+
+HWND DrivenForm::control(const std::string& name) const {
+  HWND found = nullptr;
+  eachChild(window_, [&](HWND child) {
+    if (found == nullptr && base::equalsIgnoreCase(nameOf(window_, child), name)) found = child;
+  });
+  return found;
+}
+
+void DrivenForm::perform(const ui::DialogStep& step) const {
+  const HWND target = control(step.control);
+  if (target == nullptr) refuse(name_, step, "there is no such control");
+  if (!IsWindowVisible(target) || !IsWindowEnabled(target))
+    refuse(name_, step, "the control can't be used now");
+  SetFocus(target);
+  // A field that was left may have refused, and kept the focus.
+  const HWND focus = GetFocus();
+  if (isButton(target) && focus != target && IsWindowEnabled(target))
+    refuse(name_, step, "the focus can't go there");
+  switch (step.kind) {
+    case ui::DialogStep::Kind::click:
+      SendMessageW(target, BM_CLICK, 0, 0);
+      break;
+    case ui::DialogStep::Kind::set:
+      set(target, step);
+      break;
+    default:
+      refuse(name_, step, "only values and clicks are worked through windows");
+  }
+}
+
+void DrivenForm::set(HWND control, const ui::DialogStep& step) const {
+  const std::string kind = windowClass(control);
+  const std::wstring value = toWide(step.value);
+  if (isButton(control)) {
+    const bool wanted = base::toBool(step.value);
+    const bool checkable = buttonKind(control) != BS_PUSHBUTTON && buttonKind(control) != BS_DEFPUSHBUTTON;
+    if (!checkable) refuse(name_, step, "a button takes no value");
+    if ((SendMessageW(control, BM_GETCHECK, 0, 0) == BST_CHECKED) != wanted)
+      SendMessageW(control, BM_CLICK, 0, 0);
+  } else if (base::equalsIgnoreCase(kind, "Edit")) {
+    SendMessageW(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(value.c_str()));
+  } else if (base::equalsIgnoreCase(kind, "ComboBox")) {
+    const auto text = reinterpret_cast<LPARAM>(value.c_str());
+    const LRESULT item = SendMessageW(control, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), text);
+    if (item == CB_ERR) refuse(name_, step, "the list has no such item");
+    SendMessageW(control, CB_SETCURSEL, static_cast<WPARAM>(item), 0);
+    const WPARAM told = MAKEWPARAM(GetDlgCtrlID(control), CBN_SELCHANGE);
+    SendMessageW(GetParent(control), WM_COMMAND, told, reinterpret_cast<LPARAM>(control));
+  } else {
+    refuse(name_, step, "this kind of control (" + kind + ") is not worked through windows");
+  }
+}
+
+}  // namespace vellumark::app

@@ -1,0 +1,120 @@
+// The same command on the same deck, by the program on this system and through the registered DLL over COM:
+// the same parts with the same XML must come out, and the same exit status.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "support/deck_builder.h"
+#include "support/zip_entries.h"
+#include "windows/installed_add_in.h"
+
+namespace vellumark::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class SameResults : public testing::Test {
+ protected:
+  struct Both {
+    Outcome here, overCom;
+    bool written = false;
+  };
+
+  /// Runs a command both ways and compares what came out. What only one of the two says is told.
+  Both compare(const std::string& command, const std::string& deck, std::vector<std::string> arguments) {
+    const std::string linux = folder_.path("linux.pptx"), windows = folder_.path("windows.pptx");
+    fs::remove(linux);
+    fs::remove(windows);
+    const auto withOut = [&](const std::string& out) {
+      std::vector<std::string> all = arguments;
+      all.insert(all.end(), {"-o", out});
+      return all;
+    };
+    Both both{runCommand(command, deck, withOut(linux)), runOverCom(command, deck, withOut(windows))};
+    EXPECT_EQ(both.here.status, both.overCom.status)
+        << command << " " << deck << "\nhere: " << both.here.err << "\nover COM: " << both.overCom.err;
+    both.written = fs::exists(linux);
+    EXPECT_EQ(both.written, fs::exists(windows)) << command << " " << deck;
+    if (both.written && fs::exists(windows)) {
+      const ZipEntries expected = readZipFile(linux), actual = readZipFile(windows);
+      std::vector<std::string> names, differing;
+      for (const auto& [name, entry] : expected) {
+        names.push_back(name);
+        const auto found = actual.find(name);
+        if (found == actual.end() || found->second.bytes != entry.bytes) differing.push_back(name);
+      }
+      EXPECT_EQ(differing, std::vector<std::string>()) << command << " " << deck;
+      EXPECT_EQ(names.size(), actual.size()) << command << " " << deck;
+    }
+    return both;
+  }
+
+  TempFolder folder_;
+};
+
+TEST_F(SameResults, EveryCommandOnShapesOfAllKinds) {
+  DeckBuilder builder;
+  auto slide = builder.slide();
+  slide.shape("rect", 10, 20, 100, 50).rotate(90).named("Turned").text("Größe");
+  slide.shape("ellipse", 200, 100, 120, 200).named("Round");
+  slide.shape("chevron", 400, 300, 90, 40).rotate(180).named("Back");
+  slide.shape("homePlate", 600, 330, 120, 60).named("Master");
+  const std::string deck = folder_.path("deck.pptx");
+  builder.save(deck);
+
+  const auto commands = nlohmann::json::parse(runProgram({"commands", "--json"}).out);
+  int runs = 0, written = 0;
+  for (const auto& command : commands) {
+    if (!command["inThisBuild"]) continue;
+    ++runs;
+    written += compare(command["name"], deck, {"--select", "Turned,Round,Back,Master"}).written ? 1 : 0;
+  }
+  EXPECT_GE(runs, 30);
+  EXPECT_GE(written, 25) << "most commands take such a selection";
+}
+
+TEST_F(SameResults, RealDecksAndHostsOfAllAges) {
+  if (!fs::exists(TEST_SHARED_DECKS)) GTEST_SKIP() << "there are no decks from elsewhere";
+  const char* const hosts[] = {"14.0", "11.0", "12.0", "16.0"};
+  const char* const commands[] = {"alignLefts", "stretchTop", "alignWidths", "moveLeftToMasterRight"};
+  int runs = 0;
+  for (const auto& entry : fs::directory_iterator(TEST_SHARED_DECKS)) {
+    if (entry.path().extension() != ".pptx") continue;
+    const std::string deck = entry.path().string();
+    // The first slide that has two shapes; without one, the same refusal.
+    std::string number = "1";
+    const Outcome shown = runProgram({"show", deck, "--json"});
+    if (shown.status == 0) {
+      for (const auto& slide : nlohmann::json::parse(shown.out)["slides"]) {
+        if (slide["shapes"].size() < 2) continue;
+        number = std::to_string(slide["index"].get<int>());
+        break;
+      }
+    }
+    compare(commands[runs % 4], deck,
+            {"--slide", number, "--select", "@2,@1", "--host", hosts[runs / 4 % 4]});
+    ++runs;
+  }
+  EXPECT_GE(runs, 20);
+}
+
+TEST_F(SameResults, RefusalsAndErrorReportsEndTheSameWay) {
+  DeckBuilder builder;
+  auto slide = builder.slide();
+  slide.shape("rect", 10, 20, 100, 50).rotate(30).named("Askew");
+  slide.shape("rect", 200, 100, 120, 200).named("Master");
+  const std::string deck = folder_.path("deck.pptx");
+  builder.save(deck);
+
+  EXPECT_EQ(compare("alignLefts", deck, {}).here.status, 1) << "nothing is selected";
+  EXPECT_EQ(compare("stretchLeft", deck, {"--select", "Askew,Master"}).here.status, 1) << "it stands askew";
+  EXPECT_EQ(compare("alignLefts", deck, {"--select", "Askew,Nobody"}).here.status, 2);
+  EXPECT_EQ(compare("noSuchCommand", deck, {}).here.status, 2);
+  EXPECT_EQ(compare("alignLefts", folder_.path("missing.pptx"), {}).here.status, 3);
+  EXPECT_EQ(compare("1085", deck, {"--select", "Askew"}).here.status, 0);
+}
+
+}  // namespace
+}  // namespace vellumark::test
