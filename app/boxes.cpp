@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/trap.h"
-#include "core/globals.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::app {
@@ -27,10 +26,9 @@ std::optional<VisualBox> visualBox(const host::Shape& shape) {
   // all.
   const bool measurable =
       base::resumeNext([&] { shape.Left(), shape.Top(), shape.Width(), shape.Height(), shape.Rotation(); });
-  tools::TrimlineTools* tools = core::globals().tools;
-  if (!measurable || !tools) return std::nullopt;
-  return VisualBox{tools->getLeft(shape), tools->getTop(shape), tools->getWidth(shape),
-                   tools->getHeight(shape)};
+  if (!measurable) return std::nullopt;
+  tools::TrimlineTools tools;
+  return VisualBox{tools.getLeft(shape), tools.getTop(shape), tools.getWidth(shape), tools.getHeight(shape)};
 }
 
 std::vector<Snapshot> takeSnapshots(const host::Shapes& shapes) {

@@ -61,8 +61,8 @@ class ComAddIn : public AddIn {
           progId + ": the add-in is not registered (regsvr32 zorp.dll); looking it up");
     check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&object_)),
           progId + ": making the add-in");
-    check(query(addin::win32::addInInterface, &extensibility_), progId + ": its add-in interface");
-    check(query(addin::win32::ribbonInterface, &ribbon_), progId + ": its ribbon interface");
+    check(query(addin::win32::addInInterface, extensibility_), progId + ": its add-in interface");
+    check(query(addin::win32::ribbonInterface, ribbon_), progId + ": its ribbon interface");
   }
 
   void connect(const host::Application& application) override {
@@ -95,8 +95,8 @@ class ComAddIn : public AddIn {
 
  private:
   template <typename Interface>
-  HRESULT query(REFIID id, ComPtr<Interface>* interface) {
-    return object_->QueryInterface(id, reinterpret_cast<void**>(interface->GetAddressOf()));
+  HRESULT query(REFIID id, ComPtr<Interface>& face) {
+    return object_->QueryInterface(id, reinterpret_cast<void**>(face.GetAddressOf()));
   }
 
   ComPtr<IDispatch> object_;

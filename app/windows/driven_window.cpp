@@ -18,7 +18,6 @@ using host::automation::fromWide;
 using host::automation::toWide;
 
 constexpr int messageText = 0xFFFF;
-constexpr int messageIcon = 20;
 
 /// The name of a form (no child) or of one of its controls; empty for other windows.
 std::string nameOf(HWND form, HWND child) {
@@ -69,9 +68,12 @@ std::optional<DrivenMessageBox> DrivenMessageBox::from(HWND window) {
 std::string DrivenMessageBox::text() const { return windowText(GetDlgItem(window_, messageText)); }
 
 ui::Icon DrivenMessageBox::icon() const {
-  const HWND picture = GetDlgItem(window_, messageIcon);
-  const auto shown = reinterpret_cast<HICON>(SendMessageW(picture, STM_GETICON, 0, 0));
-  if (picture == nullptr || shown == nullptr) return ui::Icon::none;
+  HICON shown = nullptr;
+  eachChild(window_, [&](HWND child) {
+    if (!base::equalsIgnoreCase(windowClass(child), "Static") || shown != nullptr) return;
+    shown = reinterpret_cast<HICON>(SendMessageW(child, STM_GETICON, 0, 0));
+  });
+  if (shown == nullptr) return ui::Icon::none;
   const std::pair<LPWSTR, ui::Icon> icons[] = {{IDI_HAND, ui::Icon::critical},
                                                {IDI_QUESTION, ui::Icon::question},
                                                {IDI_EXCLAMATION, ui::Icon::exclamation},

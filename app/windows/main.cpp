@@ -3,8 +3,6 @@
 
 #include <fcntl.h>
 #include <io.h>
-#include <ole2.h>
-#include <shellapi.h>
 
 #include <cstdio>
 
@@ -12,27 +10,15 @@
 #include "console.h"
 #include "host/automation/com.h"
 #include "windows/com_add_in.h"
+#include "windows/program_arguments.h"
 #include "windows/window_questions.h"
-
-namespace {
-
-std::vector<std::string> arguments() {
-  int count = 0;
-  wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
-  std::vector<std::string> texts;
-  for (int i = 0; i < count; ++i) texts.push_back(vellumark::host::automation::fromWide(words[i]));
-  LocalFree(words);
-  return texts;
-}
-
-}  // namespace
 
 int main() {
   using namespace vellumark;
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
   OleInitialize(nullptr);
-  const std::vector<std::string> words = arguments();
+  const std::vector<std::string> words = app::programArguments();
   std::vector<const char*> pointers;
   for (const std::string& word : words) pointers.push_back(word.c_str());
   int status = app::runProgram(static_cast<int>(pointers.size()), pointers.data(),

@@ -143,7 +143,9 @@ void Connect::IDTExtensibility2_OnBeginShutdown(std::span<const host::Value>) {
   trap("Connect, IDTExtensibility2_OnBeginShutdown", [] {});
 }
 
+/// Some hosts ask for the ribbon before they connect.
 std::string Connect::IRibbonExtensibility_GetCustomUI(const std::string&) {
+  if (globals().uiFolder.empty()) setFolders();
   return platform::fromAnsi(platform::readFile(globals().uiFolder + "zorpUI.xml"));
 }
 

@@ -17,6 +17,9 @@ class AtomicFile {
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;
 
+  /// Whether this system replaces, and moves, files that somebody has open.
+  static bool replacesOpenFiles();
+
   const std::string& temporaryPath() const { return temporary_; }
   /// base::Error 75 where the system refuses; the target is then as before.
   void commit();

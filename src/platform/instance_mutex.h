@@ -1,6 +1,7 @@
 #pragma once
 // The named mark by which other programs see that the add-in is loaded.
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -23,7 +24,7 @@ class InstanceMutex {
   static bool isSet(std::string_view name);
 
  private:
-  int handle_ = -1;
+  std::intptr_t handle_ = -1;
 };
 
 }  // namespace vellumark::platform

@@ -51,8 +51,9 @@ class ConnectTest : public testing::Test {
   }
   static host::IRibbonUI ribbon() { return host::IRibbonUI(std::make_shared<FakeObject>("IRibbonUI")); }
   static std::shared_ptr<FakeObject> fakeApplication(const char* version) {
-    return std::make_shared<FakeObject>("Application",
-                                        std::map<std::string, host::Value>{{"Version", version}});
+    return std::make_shared<FakeObject>(
+        "Application",
+        std::map<std::string, host::Value>{{"Name", "Microsoft PowerPoint"}, {"Version", version}});
   }
 
   test::TempFolder folder_;
@@ -150,7 +151,8 @@ TEST_F(ConnectTest, DisconnectionReleasesEverythingAndAllowsAnother) {
 }
 
 TEST_F(ConnectTest, AFailureEndsTheConnectionWhereItIs) {
-  connect(host::Application(std::make_shared<FakeObject>("Application")));
+  connect(host::Application(std::make_shared<FakeObject>(
+      "Application", std::map<std::string, host::Value>{{"Name", "Microsoft PowerPoint"}})));
   EXPECT_EQ(failures_.take(), Texts{"Connect, IDTExtensibility2_OnConnection: 438"});
   EXPECT_TRUE(globals().powerPointApp);
   EXPECT_EQ(globals().tools, nullptr);

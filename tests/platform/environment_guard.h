@@ -18,11 +18,15 @@ class EnvironmentGuard {
   EnvironmentGuard& operator=(const EnvironmentGuard&) = delete;
 
   void set(const std::optional<std::string>& value) const {
+#ifdef _WIN32
+    _putenv_s(name_.c_str(), value ? value->c_str() : "");
+#else
     if (value) {
       setenv(name_.c_str(), value->c_str(), 1);
     } else {
       unsetenv(name_.c_str());
     }
+#endif
   }
 
  private:

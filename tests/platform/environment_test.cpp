@@ -17,8 +17,11 @@ TEST(Environment, ExpandsVariables) {
       {"a%VELLUMARK_TEST%b", "ax%yb"},
       {"100%", "100%"},
       {"%%", "%%"},
+#ifndef _WIN32  // where the second "%" ends the unknown name, and no variable is empty
       {"%VELLUMARK_MISSING%VELLUMARK_TEST%", "%VELLUMARK_MISSINGx%y"},
-      {"[%VELLUMARK_EMPTY%]", "[]"}};
+      {"[%VELLUMARK_EMPTY%]", "[]"},
+#endif
+      {"[%VELLUMARK_TEST%%VELLUMARK_TEST%]", "[x%yx%y]"}};
   for (const auto& [text, expected] : cases) EXPECT_EQ(expandEnvironment(text), expected);
   EXPECT_FALSE(environmentVariable("VELLUMARK_EMPTY"));
 }

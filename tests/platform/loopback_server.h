@@ -1,17 +1,14 @@
 #pragma once
 // A web server on 127.0.0.1 that takes one request, keeps its bytes and plays a prepared answer.
 
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <chrono>
 #include <cstdlib>
 #include <string>
 #include <thread>
 #include <utility>
 #include <vector>
+
+#include "platform/sockets.h"
 
 namespace vellumark::test {
 
@@ -25,6 +22,7 @@ class LoopbackServer {
   };
 
   explicit LoopbackServer(Answer answer) : answer_(std::move(answer)) {
+    startSockets();
     listener_ = socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
@@ -50,9 +48,8 @@ class LoopbackServer {
  private:
   void finish() {
     if (!thread_.joinable()) return;
-    shutdown(listener_, SHUT_RDWR);  // frees a server that nobody asked
+    wakeAndClose(listener_);  // frees a server that nobody asked
     thread_.join();
-    close(listener_);
   }
 
   bool requestIsWhole() const {
@@ -63,31 +60,31 @@ class LoopbackServer {
     return request_.size() >= end + 4 + length;
   }
 
-  bool receive(int client) {
+  bool receive(Socket client) {
     char block[4096];
-    const ssize_t count = recv(client, block, sizeof block, 0);
+    const auto count = recv(client, block, sizeof block, 0);
     if (count > 0) request_.append(block, static_cast<std::size_t>(count));
     return count > 0;
   }
 
   void serve() {
-    const int client = accept(listener_, nullptr, nullptr);
-    if (client == -1) return;
+    const Socket client = accept(listener_, nullptr, nullptr);
+    if (client == noSocket) return;
     while (answer_.readsRequest && !requestIsWhole() && receive(client)) continue;
     for (const std::string& piece : answer_.pieces) {
-      if (send(client, piece.data(), piece.size(), MSG_NOSIGNAL) < 0) break;
+      if (!sendAll(client, piece)) break;
       if (answer_.pieces.size() > 1) std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
     if (answer_.resets) {
       const linger hard{1, 0};
-      setsockopt(client, SOL_SOCKET, SO_LINGER, &hard, sizeof hard);
+      setsockopt(client, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&hard), sizeof hard);
     }
     while (answer_.keepsOpen && receive(client)) continue;
-    close(client);
+    closeSocket(client);
   }
 
   Answer answer_;
-  int listener_ = -1;
+  Socket listener_ = noSocket;
   int port_ = 0;
   std::string request_;
   std::thread thread_;

@@ -20,8 +20,7 @@ TEST(Clock, TellsLocalTimeAsSerialDate) {
   // Whatever the local time is, reading it back as system time gives the present moment.
   const std::time_t present = std::time(nullptr);
   const double serial = now();
-  std::tm local{};
-  localtime_r(&present, &local);
+  const std::tm local = *std::localtime(&present);
   char text[32];
   std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
   EXPECT_NEAR(serial, base::toDate(text), 2.0 / 86400);
@@ -32,7 +31,7 @@ TEST(Clock, StandsStillWhereItIsTold) {
   tzset();
   const test::EnvironmentGuard fixed("VELLUMARK_NOW", "2026-02-28 23:59:58");
   EXPECT_EQ(base::isoDate(now()), "2026-02-28");
-  EXPECT_EQ(std::lround(now() * 86400) % 86400, 86398);
+  EXPECT_EQ(std::llround(now() * 86400) % 86400, 86398);
   EXPECT_EQ(std::chrono::system_clock::to_time_t(systemTime()), 1772315998);
   fixed.set("2026-02-30");
   EXPECT_EQ(test::errorNumber(now), 13);

@@ -17,8 +17,8 @@ HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** result) 
   *result = nullptr;
   if (outer != nullptr) return CLASS_E_NOAGGREGATION;
   ComPtr<ConnectObject> object;
-  const HRESULT made =
-      host::automation::guarded([&] { object.Attach(new ConnectObject); }, &host::automation::tellCaller);
+  const HRESULT made = host::automation::guarded([&] { object = host::automation::adopt(new ConnectObject); },
+                                                 &host::automation::tellCaller);
   return FAILED(made) ? made : object->QueryInterface(id, result);
 }
 

@@ -39,8 +39,8 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** result) {
   *result = nullptr;
   if (classId != connectClass) return CLASS_E_CLASSNOTAVAILABLE;
   vellumark::host::automation::ComPtr<ClassFactory> factory;
-  const HRESULT made =
-      guarded([&] { factory.Attach(new ClassFactory); }, &vellumark::host::automation::tellCaller);
+  const HRESULT made = guarded([&] { factory = vellumark::host::automation::adopt(new ClassFactory); },
+                               &vellumark::host::automation::tellCaller);
   return FAILED(made) ? made : factory->QueryInterface(id, result);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 // The interfaces through which the host speaks to an add-in, and the add-in's own id.
 
-#include <ole2.h>
+#include "host/automation/com.h"
 
 namespace vellumark::addin::win32 {
 

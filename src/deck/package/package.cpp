@@ -29,6 +29,7 @@ struct Package::State {
   void checkDirectory(const std::string& path) const;
   void indexEntries();
   void collect(ZipWriter& writer) const;
+  void exchange(platform::AtomicFile& file, ZipArchive& saved, const std::string& path) const;
 };
 
 namespace {
@@ -321,6 +322,20 @@ void Package::State::collect(ZipWriter& writer) const {
   }
 }
 
+/// Puts the written file in its place where the system leaves open files alone: nothing of ours is open
+/// meanwhile.
+void Package::State::exchange(platform::AtomicFile& file, ZipArchive& saved, const std::string& path) const {
+  saved.close();
+  if (archive) archive->close();
+  try {
+    file.commit();
+  } catch (const base::Error&) {
+    if (archive) archive->reopen();
+    throw;
+  }
+  saved.reopen(path);
+}
+
 void Package::save(const std::string& path, bool adopt) {
   State& state = *state_;
   ZipWriter writer;
@@ -330,7 +345,11 @@ void Package::save(const std::string& path, bool adopt) {
     platform::AtomicFile file(path);
     writer.write(file.temporaryPath(), path);
     if (adopt) saved = std::make_unique<ZipArchive>(file.temporaryPath());
-    file.commit();
+    if (adopt && !platform::AtomicFile::replacesOpenFiles()) {
+      state.exchange(file, *saved, path);
+    } else {
+      file.commit();
+    }
   } catch (const base::Error& error) {
     throw FormatError(path, error.description());
   }

@@ -47,7 +47,7 @@ void checkOrdinaryFile(const std::string& path) {
 std::string notZip(const std::string& path) {
   constexpr std::array<unsigned char, 8> compound = {0xD0, 0xCF, 0x11, 0xE0, 0xA1, 0xB1, 0x1A, 0xE1};
   std::array<char, 8> head{};
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(std::filesystem::path(path), std::ios::binary);
   file.read(head.data(), head.size());
   if (file.gcount() == 0) return "is empty: it holds no presentation";
   if (std::memcmp(head.data(), compound.data(), compound.size()) == 0) {
@@ -62,7 +62,9 @@ struct ZipArchive::Handle {
   ZipHandle zip;
 };
 
-ZipArchive::ZipArchive(const std::string& path) : handle_(std::make_unique<Handle>()) {
+void ZipArchive::close() { handle_->zip.reset(); }
+
+void ZipArchive::reopen(const std::string& path) {
   checkOrdinaryFile(path);
   int code = 0;
   zip_t* zip = zip_open(path.c_str(), ZIP_RDONLY, &code);
@@ -71,6 +73,12 @@ ZipArchive::ZipArchive(const std::string& path) : handle_(std::make_unique<Handl
     throw FormatError(path, unreadable ? "can't be read (" + message(code) + ")" : notZip(path));
   }
   handle_->zip.reset(zip);
+  path_ = path;
+}
+
+ZipArchive::ZipArchive(const std::string& path) : handle_(std::make_unique<Handle>()) {
+  reopen(path);
+  zip_t* zip = handle_->zip.get();
   const zip_int64_t count = std::max<zip_int64_t>(zip_get_num_entries(zip, 0), 0);
   entries_.reserve(static_cast<std::size_t>(count));
   for (zip_int64_t i = 0; i < count; ++i) {

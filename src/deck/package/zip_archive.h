@@ -31,9 +31,17 @@ class ZipArchive {
   /// or longer than `limit` or than the directory declares.
   std::string read(std::size_t entry, std::uint64_t limit) const;
 
+  /// Lets go of the file, so that it can be replaced; nothing can be read until reopen().
+  void close();
+  /// Opens the same entries again, where they now lie. FormatError where the file can't be read.
+  void reopen(const std::string& path);
+  /// Opens the file again where it lay.
+  void reopen() { reopen(std::string(path_)); }
+
  private:
   friend class ZipWriter;
   struct Handle;
+  std::string path_;
   std::unique_ptr<Handle> handle_;
   std::vector<ZipEntry> entries_;
 };

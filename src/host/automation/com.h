@@ -9,9 +9,21 @@
 #include <string>
 #include <string_view>
 
+// The host has a member RGB, and "interface" is a word like any other.
+#undef RGB
+#undef interface
+
 namespace vellumark::host::automation {
 
 using Microsoft::WRL::ComPtr;
+
+/// Takes over the reference with which a new object begins.
+template <typename T>
+ComPtr<T> adopt(T* object) {
+  ComPtr<T> pointer;
+  *pointer.GetAddressOf() = object;
+  return pointer;
+}
 
 /// How many objects of this module others may hold. The module can't be unloaded while there are any.
 long liveObjects();

@@ -11,8 +11,7 @@ Subscription EventSink::connect(IConnectionPointContainer& source, const EventIn
                                 EventHandler handler) {
   ComPtr<IConnectionPoint> point;
   if (FAILED(source.FindConnectionPoint(events.id, &point))) return {};
-  ComPtr<EventSink> sink;
-  sink.Attach(new EventSink(events, std::move(handler)));
+  const ComPtr<EventSink> sink = adopt(new EventSink(events, std::move(handler)));
   DWORD cookie = 0;
   const HRESULT result = point->Advise(sink.Get(), &cookie);
   if (FAILED(result)) raiseFor(result);

@@ -35,7 +35,7 @@ ComPtr<IDispatch> serve(const ObjectRef& object) {
   if (const auto known = served().find(object.get()); known != served().end()) {
     result = known->second;
   } else {
-    result.Attach(new ServedObject(object));
+    result = adopt(new ServedObject(object));
   }
   return result;
 }

@@ -73,6 +73,8 @@ AtomicFile::~AtomicFile() {
   if (!committed_) ::unlink(temporary_.c_str());
 }
 
+bool AtomicFile::replacesOpenFiles() { return true; }
+
 void AtomicFile::commit() {
   const int file = ::open(temporary_.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0) fail("can't be opened again after writing", errno);

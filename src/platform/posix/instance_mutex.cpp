@@ -31,13 +31,13 @@ int openLockFile(std::string_view name, int flags) {
 InstanceMutex::InstanceMutex(std::string_view name) : handle_(openLockFile(name, O_CREAT)) {
   // Only isSet() of another program can be in the way, and only for a moment.
   for (int attempt = 0; handle_ != -1 && attempt < 20; ++attempt) {
-    if (flock(handle_, LOCK_SH | LOCK_NB) == 0) return;
+    if (flock(static_cast<int>(handle_), LOCK_SH | LOCK_NB) == 0) return;
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
 }
 
 InstanceMutex::~InstanceMutex() {
-  if (handle_ != -1) close(handle_);
+  if (handle_ != -1) close(static_cast<int>(handle_));
 }
 
 bool InstanceMutex::isSet(std::string_view name) {

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "addin/win32/loaded_dll.h"
-#include "app/ribbon.h"
-#include "app/windows/window_questions.h"
 #include "deck/embedded_host.h"
 #include "host/automation/served_object.h"
+#include "ribbon.h"
 #include "support/deck_builder.h"
 #include "support/fake_host.h"
 #include "support/temp_folder.h"
+#include "windows/window_questions.h"
 
 namespace vellumark::test {
 namespace {

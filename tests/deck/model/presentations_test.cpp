@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "base/error.h"
 #include "deck/embedded_host.h"
 #include "support/deck_builder.h"
@@ -79,7 +81,7 @@ TEST_F(Presentations, OpensWithAndWithoutWindow) {
   const host::Presentation shown = host.open(path);
   EXPECT_EQ(app.ActivePresentation().FullName(), path);
   EXPECT_EQ(shown.Name(), "deck.pptx");
-  EXPECT_EQ(shown.Path() + "/deck.pptx", path);
+  EXPECT_EQ(std::filesystem::path(shown.Path()) / "deck.pptx", std::filesystem::path(path));
   EXPECT_EQ(shown.Saved(), host::msoTrue);
   EXPECT_FLOAT_EQ(shown.PageSetup().SlideWidth(), 960);
 
@@ -242,6 +244,7 @@ TEST_F(Presentations, TagsOfAllHoldersSurviveTheFile) {
       EXPECT_EQ(tags.Item("absent"), "");
     }
     presentation.Save();
+    presentation.Close();
   }
   expectSound(path);
   const host::Presentation presentation = host.open(path);

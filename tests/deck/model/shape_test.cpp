@@ -321,7 +321,7 @@ TEST_F(ShapeTest, WalksThroughDecksFromElsewhere) {
   };
   for (const auto& entry : std::filesystem::directory_iterator(TEST_SHARED_DECKS)) {
     try {
-      openFile(entry.path());
+      openFile(entry.path().string());
       for (int i = 1; i <= presentation.Slides().Count(); ++i) {
         for (int j = 1; j <= shapes(i).Count(); ++j) walk(shapes(i).Item(j));
       }

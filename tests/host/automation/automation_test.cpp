@@ -153,8 +153,7 @@ TEST_F(Automation, MemberNumbersAreAskedForOncePerTypeAndMember) {
   int asked = 0;
   for (const char* type : {"CountedShape", "CountedShape", "CountedSlide"}) {
     const auto probe = std::make_shared<Probe>(type);
-    ComPtr<Counting> counting;
-    counting.Attach(new Counting(wrap(probe)));
+    const ComPtr<Counting> counting = adopt(new Counting(wrap(probe)));
     AutomationObject object(counting.Get());
     for (int i = 0; i < 3; ++i) object.invoke(member::Left, Invoke::get, {});
     object.invoke(member::Top, Invoke::get, {});
@@ -202,8 +201,7 @@ TEST_F(Automation, OnlyObjectsThatRaiseEventsTakeListeners) {
 
 TEST_F(Automation, ASinkIsKnownByTheIdOfItsEvents) {
   for (const EventInterface& events : eventInterfaces()) {
-    ComPtr<EventSink> sink;
-    sink.Attach(new EventSink(events, [](Member, std::span<Value>) {}));
+    const ComPtr<EventSink> sink = adopt(new EventSink(events, [](Member, std::span<Value>) {}));
     ComPtr<IUnknown> found;
     EXPECT_EQ(sink->QueryInterface(events.id, reinterpret_cast<void**>(found.GetAddressOf())), S_OK)
         << events.source;

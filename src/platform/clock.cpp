@@ -11,6 +11,7 @@ namespace vellumark::platform {
 namespace {
 
 constexpr double secondsOfDay = 86400;
+constexpr std::chrono::sys_days serialDayZero = std::chrono::year{1899} / 12 / 30;
 
 std::optional<double> fixedNow() {
   const auto text = environmentVariable("VELLUMARK_NOW");
@@ -26,23 +27,23 @@ std::optional<double> fixedNow() {
 double now() {
   if (const auto fixed = fixedNow()) return *fixed;
   const std::time_t time = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&time, &local);
+  const std::tm local = *std::localtime(&time);
   using namespace std::chrono;
   const auto date = year{local.tm_year + 1900} / (local.tm_mon + 1) / local.tm_mday;
-  const auto days = sys_days(date) - sys_days(year{1899} / 12 / 30);
+  const auto days = sys_days(date) - serialDayZero;
   return days.count() + ((local.tm_hour * 60 + local.tm_min) * 60 + local.tm_sec) / secondsOfDay;
 }
 
 std::chrono::system_clock::time_point systemTime() {
   const auto fixed = fixedNow();
   if (!fixed) return std::chrono::system_clock::now();
-  // mktime brings day and second into their ranges.
-  std::tm local{};
   const double day = base::fix(*fixed);
-  local.tm_year = 1899 - 1900;
-  local.tm_mon = 11;
-  local.tm_mday = 30 + static_cast<int>(day);
+  const std::chrono::year_month_day date = serialDayZero + std::chrono::days(static_cast<int>(day));
+  std::tm local{};
+  local.tm_year = static_cast<int>(date.year()) - 1900;
+  local.tm_mon = static_cast<int>(static_cast<unsigned>(date.month())) - 1;
+  local.tm_mday = static_cast<int>(static_cast<unsigned>(date.day()));
+  // mktime brings the second into its range.
   local.tm_sec = static_cast<int>(std::lround(std::fabs(*fixed - day) * secondsOfDay));
   local.tm_isdst = -1;
   return std::chrono::system_clock::from_time_t(std::mktime(&local));

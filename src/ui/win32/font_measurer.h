@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ui/layout.h"
+#include "ui/win32/resources.h"
+
+namespace vellumark::ui::win32 {
+
+/// Sizes of texts in the system's message font.
+class FontMeasurer : public TextMeasurer {
+ public:
+  explicit FontMeasurer(Resources& resources);
+  ~FontMeasurer() override;
+  FontMeasurer(const FontMeasurer&) = delete;
+  FontMeasurer& operator=(const FontMeasurer&) = delete;
+
+  Size text(std::string_view text, double scale, bool bold, int wrapWidth) const override;
+  Size character() const override;
+
+ private:
+  Resources& resources_;
+  HDC screen_;
+};
+
+}  // namespace vellumark::ui::win32

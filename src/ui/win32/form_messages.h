@@ -1,0 +1,13 @@
+#pragma once
+
+#include <windows.h>
+
+namespace vellumark::ui::win32 {
+
+// What a form's window tells itself for later.
+constexpr UINT arrangeMessage = WM_APP;
+constexpr UINT restoreFocusMessage = WM_APP + 1;
+constexpr UINT refreshMessage = WM_APP + 2;  ///< lParam is the address of the peer, which may have gone
+constexpr UINT deleteMessage = WM_APP + 3;
+
+}  // namespace vellumark::ui::win32

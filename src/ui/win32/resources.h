@@ -1,0 +1,59 @@
+#pragma once
+// What the toolkit holds of the system for as long as it lives.
+
+#include <windows.h>
+
+#include <map>
+#include <tuple>
+
+#include "ui/color.h"
+
+namespace vellumark::ui {
+
+class Control;
+
+namespace win32 {
+
+/// Fonts, brushes, the drawing engine and the visual styles. All of it goes back to the system at the end, so
+/// that the module can be unloaded and loaded again within one process.
+class Resources {
+ public:
+  Resources();
+  ~Resources();
+  Resources(const Resources&) = delete;
+  Resources& operator=(const Resources&) = delete;
+
+  /// The module that this code lies in.
+  HINSTANCE instance() const { return instance_; }
+  /// The system's message font at a size relative to it.
+  HFONT font(double scale, bool bold, bool underlined = false);
+  HFONT fontOf(const Control& control, bool underlined = false);
+  HBRUSH brush(Color color);
+  /// Starts GDI+ on first use.
+  void startDrawing();
+  /// The module's activation context for visual styles; INVALID_HANDLE_VALUE where it has none.
+  HANDLE visualStyles() const { return visualStyles_; }
+
+ private:
+  HINSTANCE instance_ = nullptr;
+  HANDLE visualStyles_ = INVALID_HANDLE_VALUE;
+  ULONG_PTR drawing_ = 0;
+  std::map<std::tuple<double, bool, bool>, HFONT> fonts_;
+  std::map<Color, HBRUSH> brushes_;
+};
+
+/// While it lives, new windows have visual styles.
+class VisualStyles {
+ public:
+  explicit VisualStyles(const Resources& resources);
+  ~VisualStyles();
+  VisualStyles(const VisualStyles&) = delete;
+  VisualStyles& operator=(const VisualStyles&) = delete;
+
+ private:
+  ULONG_PTR cookie_ = 0;
+  bool active_ = false;
+};
+
+}  // namespace win32
+}  // namespace vellumark::ui
