@@ -1,6 +1,5 @@
 // What only Windows does: the registry, long paths, files that are open, the system's own HTTP client.
 
-#include <windows.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>

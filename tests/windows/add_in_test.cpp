@@ -42,6 +42,19 @@ TEST_F(InstalledAddIn, RegistrationIsWhatTheHostReads) {
   EXPECT_EQ(registryValue(addIn, "LoadBehavior"), "0x3");
 }
 
+TEST_F(InstalledAddIn, AUserCanRegisterItAlone) {
+  const std::string dll = windowsPath(TEST_WINDOWS_BUILD "/installation/addin/zorp.dll");
+  const std::string addIn = "HKCU\\Software\\Microsoft\\Office\\PowerPoint\\Addins\\zorp.Connect";
+  setenv("VELLUMARK_REGISTER", "user", 1);
+  EXPECT_EQ(runWine({"regsvr32", "/s", dll}).status, 0);
+  EXPECT_EQ(registryValue(addIn, "LoadBehavior"), "0x3");
+  EXPECT_TRUE(registryValue("HKCU\\Software\\Classes\\zorp.Connect\\CLSID", ""));
+  EXPECT_EQ(runWine({"regsvr32", "/s", "/u", dll}).status, 0);
+  EXPECT_FALSE(registryValue(addIn, "LoadBehavior"));
+  EXPECT_FALSE(registryValue("HKCU\\Software\\Classes\\zorp.Connect\\CLSID", ""));
+  unsetenv("VELLUMARK_REGISTER");
+}
+
 TEST_F(InstalledAddIn, CountersStandInTheUsersRegistry) {
   setRegistryValue(settings, "statsTrimlineTools", "REG_SZ", "41");
   EXPECT_EQ(align().status, 0);

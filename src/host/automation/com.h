@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/win32/wide.h"
+
 // The host has a member RGB, and "interface" is a word like any other.
 #undef RGB
 #undef interface
@@ -16,6 +18,8 @@
 namespace vellumark::host::automation {
 
 using Microsoft::WRL::ComPtr;
+using platform::win32::fromWide;
+using platform::win32::toWide;
 
 /// Takes over the reference with which a new object begins.
 template <typename T>
@@ -69,9 +73,6 @@ class Unknown : public Interfaces... {
 /// short.
 BSTR toBstr(std::string_view text);
 std::string fromBstr(BSTR text);
-/// UTF-8 from UTF-16 with a terminator.
-std::string fromWide(const wchar_t* text);
-std::wstring toWide(std::string_view text);
 
 /// A BSTR that frees itself.
 class Bstr {

@@ -1,13 +1,6 @@
 #include "ui/win32/conversions.h"
 
-#include "base/text.h"
-
 namespace vellumark::ui::win32 {
-
-std::wstring toWide(std::string_view text) {
-  const std::u16string units = base::toUtf16(text);
-  return {units.begin(), units.end()};
-}
 
 std::wstring toWideLines(std::string_view text) {
   std::wstring lines;
@@ -22,10 +15,6 @@ std::wstring toWideLines(std::string_view text) {
     }
   }
   return lines;
-}
-
-std::string fromWide(std::wstring_view text) {
-  return base::fromUtf16(std::u16string(text.begin(), text.end()));
 }
 
 std::wstring textOf(HWND window) {

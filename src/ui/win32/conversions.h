@@ -6,12 +6,15 @@
 #include <string>
 #include <string_view>
 
+#include "platform/win32/wide.h"
+
 namespace vellumark::ui::win32 {
 
-std::wstring toWide(std::string_view text);
+using platform::win32::fromWide;
+using platform::win32::toWide;
+
 /// With a carriage return and a line feed for all line ends, as edit fields want them.
 std::wstring toWideLines(std::string_view text);
-std::string fromWide(std::wstring_view text);
 
 std::wstring textOf(HWND window);
 /// Sets a window's text where it differs, which spares it from flickering.
