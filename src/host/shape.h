@@ -120,6 +120,7 @@ class ShapeRange : public Handle {
   Shape Item(int index) const { return get<Shape>(member::Item, index); }
   host::TextFrame TextFrame() const { return get<host::TextFrame>(member::TextFrame); }
   int Type() const { return get<int>(member::Type); }
+  int AutoShapeType() const { return get<int>(member::AutoShapeType); }
   int HasTable() const { return get<int>(member::HasTable); }
   int HasTextFrame() const { return get<int>(member::HasTextFrame); }
   void Copy() const { call(member::Copy); }

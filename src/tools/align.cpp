@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "core/failure.h"
-#include "core/globals.h"
+#include "tools/selected_shapes.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::tools {
@@ -12,34 +12,39 @@ namespace {
 using core::trap;
 using host::Shape;
 
-/// The shapes of the active window's selection, held for a whole run.
-class SelectedShapes {
- public:
-  SelectedShapes()
-      : range_(core::globals().powerPointApp.ActiveWindow().Selection().ShapeRange()),
-        count_(range_.Count()),
-        master_(range_.Item(count_)) {}
-
-  const Shape& master() const { return master_; }
-
-  /// Runs `step(follower)` for all but the master, in the order of selecting.
-  template <typename Step>
-  void eachFollower(Step&& step) const {
-    for (int i = 1; i < count_; ++i) step(range_.Item(i));
-  }
-
- private:
-  host::ShapeRange range_;
-  int count_;
-  Shape master_;
-};
-
 }  // namespace
+
+/// The position of an edge of a visual box.
+double TrimlineTools::edge(const RotatedMetrics& box, Mode mode) {
+  switch (mode) {
+    case Mode::left:
+      return box.Left;
+    case Mode::right:
+      return box.Width + box.Left;
+    case Mode::top:
+      return box.Top;
+    default:
+      return box.Height + box.Top;
+  }
+}
+
+TrimlineTools::Mode TrimlineTools::opposite(Mode mode) {
+  switch (mode) {
+    case Mode::left:
+      return Mode::right;
+    case Mode::right:
+      return Mode::left;
+    case Mode::top:
+      return Mode::bottom;
+    default:
+      return Mode::top;
+  }
+}
 
 void TrimlineTools::align(Mode mode) {
   trap("TrimlineTools, align", [&] {
     const SelectedShapes shapes;
-    const Shape& m = shapes.master();
+    const Shape m = shapes.master();
     shapes.eachFollower([&](const Shape& s) {
       switch (mode) {
         case Mode::left:
@@ -64,7 +69,7 @@ void TrimlineTools::align(Mode mode) {
 void TrimlineTools::alignSizes(Mode mode) {
   trap("TrimlineTools, alignSizes", [&] {
     const SelectedShapes shapes;
-    const Shape& m = shapes.master();
+    const Shape m = shapes.master();
     shapes.eachFollower([&](const Shape& s) {
       if (mode == Mode::height || mode == Mode::widthAndHeight) setHeight(s, getHeight(m));
       if (mode == Mode::width || mode == Mode::widthAndHeight) setWidth(s, getWidth(m));
@@ -78,44 +83,47 @@ void TrimlineTools::alignVerticallyInGoldenSection() {
   trap("TrimlineTools, align", [&] {
     const double section = 2 / (std::sqrt(5.0) + 3);
     const SelectedShapes shapes;
-    const Shape& m = shapes.master();
+    const Shape m = shapes.master();
     shapes.eachFollower([&](const Shape& s) {  //
       setTop(s, getTop(m) + getHeight(m) * section - getHeight(s) / 2);
     });
   });
 }
 
-void TrimlineTools::stretch(Mode mode) {
-  trap("TrimlineTools, stretch", [&] {
-    const SelectedShapes shapes;
-    const RotatedMetrics mr = getRotatedMetrics(shapes.master());
-    shapes.eachFollower([&](const Shape& s) {
-      const RotatedMetrics sr = getRotatedMetrics(s);
-      double delta = 0;
-      switch (mode) {
-        case Mode::left:
-          delta = sr.Left - mr.Left;
-          return spanHorizontally(s, sr.Left - delta, sr.Width + delta);
-        case Mode::right:
-          delta = mr.Width + mr.Left - sr.Left - sr.Width;
-          return spanHorizontally(s, sr.Left, sr.Width + delta);
-        case Mode::top:
-          delta = sr.Top - mr.Top;
-          return spanVertically(s, sr.Top - delta, sr.Height + delta);
-        case Mode::bottom:
-          delta = mr.Height + mr.Top - sr.Top - sr.Height;
-          return spanVertically(s, sr.Top, sr.Height + delta);
-        default:
-          return;
-      }
-    });
+// Each follower's edge `mode` goes to the master's edge `target`; the opposite edge stays.
+void TrimlineTools::stretchTo(Mode mode, Mode target) {
+  const SelectedShapes shapes;
+  const double line = edge(getRotatedMetrics(shapes.master()), target);
+  shapes.eachFollower([&](const Shape& s) {
+    const RotatedMetrics box = getRotatedMetrics(s);
+    const double own = edge(box, mode);
+    switch (mode) {
+      case Mode::left:
+        return spanHorizontally(s, line, box.Width + (own - line));
+      case Mode::right:
+        return spanHorizontally(s, box.Left, box.Width + (line - own));
+      case Mode::top:
+        return spanVertically(s, line, box.Height + (own - line));
+      case Mode::bottom:
+        return spanVertically(s, box.Top, box.Height + (line - own));
+      default:
+        return;
+    }
   });
+}
+
+void TrimlineTools::stretch(Mode mode) {
+  trap("TrimlineTools, stretch", [&] { stretchTo(mode, mode); });
+}
+
+void TrimlineTools::stretchToMaster(Mode mode) {
+  trap("TrimlineTools, stretchToMaster", [&] { stretchTo(mode, opposite(mode)); });
 }
 
 void TrimlineTools::moveToMaster(Mode mode) {
   trap("TrimlineTools, moveToMaster", [&] {
     const SelectedShapes shapes;
-    const Shape& m = shapes.master();
+    const Shape m = shapes.master();
     shapes.eachFollower([&](const Shape& s) {
       switch (mode) {
         case Mode::left:
@@ -126,33 +134,6 @@ void TrimlineTools::moveToMaster(Mode mode) {
           return setTop(s, getTop(m) + getHeight(m));
         case Mode::bottom:
           return setTop(s, getTop(m) - getHeight(s));
-        default:
-          return;
-      }
-    });
-  });
-}
-
-void TrimlineTools::stretchToMaster(Mode mode) {
-  trap("TrimlineTools, stretchToMaster", [&] {
-    const SelectedShapes shapes;
-    const RotatedMetrics mr = getRotatedMetrics(shapes.master());
-    shapes.eachFollower([&](const Shape& s) {
-      const RotatedMetrics sr = getRotatedMetrics(s);
-      double delta = 0;
-      switch (mode) {
-        case Mode::left:
-          delta = sr.Left - mr.Left - mr.Width;
-          return spanHorizontally(s, sr.Left - delta, sr.Width + delta);
-        case Mode::right:
-          delta = mr.Left - sr.Left - sr.Width;
-          return spanHorizontally(s, sr.Left, sr.Width + delta);
-        case Mode::top:
-          delta = sr.Top - mr.Top - mr.Height;
-          return spanVertically(s, sr.Top - delta, sr.Height + delta);
-        case Mode::bottom:
-          delta = mr.Top - sr.Top - sr.Height;
-          return spanVertically(s, sr.Top, sr.Height + delta);
         default:
           return;
       }

@@ -68,6 +68,22 @@ class TrimlineTools {
   void stretchTopToMasterBottom();
   void stretchBottomToMasterTop();
 
+  // Edge to edge, in the order of selecting.
+  void stackHorizontally();
+  void stackVertically();
+
+  // Process arrows (pentagons and chevrons).
+  void alignAngles();           ///< the master's tip for all followers
+  void processChain();          ///< a closed chain, each tip in the next arrow's notch
+  void adjustPentagonHeader();  ///< fits a freeform header box to the upper part of a pentagon
+
+  // Forms of shapes.
+  void SwitchObjects();              ///< asks how, then swaps the first two shapes
+  void roundedRectangles();          ///< the master's radius for all followers
+  void roundedRectanglesNumeric();   ///< asks for a radius and gives it to all
+  void beautifyBlockArrow();         ///< asks for head angle and shaft ratio
+  void tweakAutoShapeAdjustments();  ///< asks for the raw values of the handles
+
   // Commands that only open something.
   void tutorialVideos();
   void gettingStarted();
@@ -85,6 +101,8 @@ class TrimlineTools {
   static bool hasMethod(std::string_view name);
 
  private:
+  /// The radius in points of a rounded rectangle's corners.
+  static void setRadius(const host::Shape& shape, double radius);
   RotatedMetrics getRotatedMetrics(const host::Shape& shape);
 
   /// Which edge is meant. `alignSizes` has modes of its own.
@@ -104,6 +122,9 @@ class TrimlineTools {
   void stretch(Mode mode);
   void moveToMaster(Mode mode);
   void stretchToMaster(Mode mode);
+  void stretchTo(Mode mode, Mode target);
+  static double edge(const RotatedMetrics& box, Mode mode);
+  static Mode opposite(Mode mode);
   /// Gives the visual box a new size and place; a size of zero or less leaves the shape untouched.
   void spanHorizontally(const host::Shape& shape, double left, double width);
   void spanVertically(const host::Shape& shape, double top, double height);

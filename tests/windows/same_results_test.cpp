@@ -76,6 +76,46 @@ TEST_F(SameResults, EveryCommandOnShapesOfAllKinds) {
   EXPECT_GE(written, 20) << "most commands take such a selection";
 }
 
+/// The dialogs are worked by a script here and by messages to their windows there.
+TEST_F(SameResults, CommandsWithDialogsAndForms) {
+  DeckBuilder builder;
+  auto slide = builder.slide();
+  slide.shape("roundRect", 10, 20, 100, 50).named("Rounded");
+  slide.shape("roundRect", 200, 100, 120, 200).named("Tall");
+  slide.shape("rightArrow", 400, 300, 90, 40).named("Arrow");
+  slide.shape("homePlate", 100, 400, 200, 100).named("Pentagon");
+  slide.shape("chevron", 320, 410, 100, 60).named("Chevron");
+  slide.freeform(90, 395, 120, 30, {{0, 0}, {120, 0}, {120, 30}, {0, 30}}).named("Header");
+  const std::string deck = folder_.path("deck.pptx");
+  builder.save(deck);
+
+  struct Case {
+    const char* command;
+    const char* selection;
+    const char* dialog;
+  };
+  const Case cases[] = {
+      {"switchObjects", "Rounded,Tall", "SwitchObjectsInput: obAnchor(8)=1; cbZOrder=1; btnOK"},
+      {"switchObjects", "Rounded,Tall", "SwitchObjectsInput: obAnchor(0)=1; btnCancel"},
+      {"roundedRectanglesNumeric", "Rounded,Tall", "roundedRectanglesInput: tbRadius=7.5; btnOK"},
+      {"beautifyBlockArrow", "Arrow", "BlockArrows: obAngle(3)=1; tbAngle=75; tbRatio=40; btnOK"},
+      {"tweakAutoShapeAdjustments", "Arrow,Pentagon", "AutoShapeAdjustments: tbAdj(0)=0.3; btnOK"},
+      {"roundedRectangles", "Rounded,Tall", nullptr},
+      {"alignAngles", "Pentagon,Chevron", nullptr},
+      {"processChain", "Chevron,Pentagon", nullptr},
+      {"adjustPentagonHeader", "Header,Pentagon", nullptr},
+      {"stackVertically", "Chevron,Pentagon,Rounded", nullptr},
+  };
+  for (const Case& c : cases) {
+    for (const char* host : {"14.0", "11.0"}) {
+      std::vector<std::string> arguments{"--select", c.selection, "--host", host};
+      if (c.dialog) arguments.insert(arguments.end(), {"--dialog", c.dialog});
+      const Both both = compare(c.command, deck, arguments);
+      EXPECT_TRUE(both.written || both.here.status == 1) << c.command << ": " << both.here.err;
+    }
+  }
+}
+
 TEST_F(SameResults, RealDecksAndHostsOfAllAges) {
   if (!fs::exists(TEST_SHARED_DECKS)) GTEST_SKIP() << "there are no decks from elsewhere";
   const char* const hosts[] = {"14.0", "11.0", "12.0", "16.0"};

@@ -12,6 +12,7 @@
 #include "deck/model/shape_geometry.h"
 #include "deck/model/shape_kind.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/shape_nodes.h"
 #include "deck/model/shapes.h"
 #include "deck/model/text_characters.h"
 #include "deck/model/text_frame.h"
@@ -79,6 +80,7 @@ class ShapeObject : public ModelObject<ShapeObject> {
   std::int32_t autoShapeType() { return autoShapeTypeOf(shape_); }
   void putAutoShapeType(std::int32_t type) { setAutoShapeType(shape_, type); }
   host::ObjectRef adjustments() { return makeAdjustments(host(), shape_); }
+  host::ObjectRef nodes() { return makeNodes(host(), shape_); }
   std::int32_t connector() { return triState(shapeElement(shape_.node) == ShapeElement::connector); }
   std::int32_t hasTextFrame() { return triState(deck::hasTextFrame(shape_)); }
   std::int32_t hasTable() { return triState(deck::hasTable(shape_)); }
@@ -165,6 +167,7 @@ const MemberTable<ShapeObject>& ShapeObject::members() {
       property<&S::type>(member::Type),
       property<&S::autoShapeType, &S::putAutoShapeType>(member::AutoShapeType),
       property<&S::adjustments>(member::Adjustments),
+      property<&S::nodes>(member::Nodes),
       property<&S::connector>(member::Connector),
       property<&S::hasTextFrame>(member::HasTextFrame),
       property<&S::hasTable>(member::HasTable),
