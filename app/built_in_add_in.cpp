@@ -10,7 +10,7 @@ namespace {
 class BuiltInAddIn : public AddIn {
  public:
   explicit BuiltInAddIn(const std::filesystem::path& installation)
-      : connect_(platform::fromSystem((installation / "addin").string())) {}
+      : connect_(platform::fromSystem(platform::textOf(installation / "addin"))) {}
 
   void connect(const host::Application& application) override {
     connect_.IDTExtensibility2_OnConnection(application, {}, {}, {});

@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 
 void requireDeck(const std::string& deck) {
   std::error_code fault;
-  const fs::file_status status = fs::status(deck, fault);
+  const fs::file_status status = fs::status(platform::pathOf(deck), fault);
   const auto refuse = [&](const std::string& why) {
     throw Failure(Exit::deck, deck + ": " + why + "; give the path of a .pptx file");
   };
@@ -22,11 +22,12 @@ void requireDeck(const std::string& deck) {
 
 void requireOther(const std::string& out, const std::string& deck) {
   const std::string target = platform::toSystem(out);
+  const fs::path targetPath = platform::pathOf(target);
   std::error_code missing;
-  if (fs::equivalent(target, deck, missing)) {
+  if (fs::equivalent(targetPath, platform::pathOf(deck), missing)) {
     throw Failure(Exit::usage, "-o " + out + ": is the deck itself; give --in-place to change it");
   }
-  if (target != out && !fs::exists(out, missing) && fs::exists(target, missing)) {
+  if (target != out && !fs::exists(platform::pathOf(out), missing) && fs::exists(targetPath, missing)) {
     throw Failure(Exit::usage,
                   "-o " + out + ": would replace " + target + "; give a name that differs in more than case");
   }

@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 /// The first path, seen from the folder of the program's own file, that is there.
 std::optional<fs::path> beside(std::initializer_list<const char*> candidates) {
-  const fs::path folder = fs::path(platform::toSystem(platform::executablePath())).parent_path();
+  const fs::path folder = platform::pathOf(platform::toSystem(platform::executablePath())).parent_path();
   for (const char* candidate : candidates) {
     const fs::path path = (folder / candidate).lexically_normal();
     std::error_code missing;
@@ -26,8 +26,9 @@ std::optional<fs::path> beside(std::initializer_list<const char*> candidates) {
 
 fs::path installationRoot(const std::string& given) {
   if (!given.empty()) {
+    const fs::path root = platform::pathOf(given);
     std::error_code missing;
-    if (fs::is_directory(given, missing)) return fs::absolute(given).lexically_normal();
+    if (fs::is_directory(root, missing)) return fs::absolute(root).lexically_normal();
     throw Failure(Exit::usage,
                   "--root " + given + ": there is no such folder; give the root of an installation");
   }

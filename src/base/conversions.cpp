@@ -74,7 +74,7 @@ class Decimal {
     text_ += 'e';
     if (exponent[0] == '+') exponent.remove_prefix(1);
     text_ += exponent;
-    long value = 0;
+    std::int64_t value = 0;
     if (std::from_chars(exponent.data(), exponent.data() + exponent.size(), value).ec != std::errc{}) {
       value = exponent[0] == '-' ? -1'000'000'000 : 1'000'000'000;
     }
@@ -95,7 +95,7 @@ class Decimal {
  private:
   std::string text_;
   std::size_t digits_ = 0;
-  long magnitude_ = 0;  ///< decimal position of the first digit that counts
+  std::int64_t magnitude_ = 0;  ///< decimal position of the first digit that counts
   bool fraction_ = false;
   bool significant_ = false;
 };

@@ -28,6 +28,9 @@ struct HttpRequest {
 /// 80), Content-Length, "Pragma: no-cache" as a request past all caches carries it, and with a user the
 /// Authorization of the basic scheme. No redirection is followed and no encoding of the body undone.
 ///
+/// On Windows the system's own client sends it: headers that it doesn't take, such as a line without a field
+/// name, are left out, it puts Connection last, and it follows redirections.
+///
 /// On Linux the configured proxy is the one that the environment variable http_proxy names, unless no_proxy
 /// names the host.
 std::string send(const HttpRequest& request);

@@ -2,10 +2,11 @@
 // Files and folders by the logic's paths.
 //
 // The logic joins paths by plain concatenation, and its folders end in a backslash: rootFolder + "program\".
-// On Linux both "\" and "/" divide the parts of such a path. Every function here takes such paths and finds
-// names that differ only in the case of ASCII letters where the exact name is missing, as on Windows. A name
-// that holds a backslash of its own can't be reached.
+// On Windows they are the system's own. On Linux both "\" and "/" divide the parts of such a path. Every
+// function here takes such paths and finds names that differ only in the case of ASCII letters where the
+// exact name is missing, as on Windows. A name that holds a backslash of its own can't be reached.
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,15 @@ namespace vellumark::platform {
 std::string toSystem(const std::string& path);
 /// The logic's form of a system's path, with backslashes only: "/opt/vellumark/" gives "\opt\vellumark\".
 std::string fromSystem(const std::string& path);
+
+/// A system's path for the standard library, and back: on Windows its own texts aren't UTF-8.
+inline std::filesystem::path pathOf(const std::string& path) {
+  return {std::u8string(path.begin(), path.end())};
+}
+inline std::string textOf(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
 
 /// Whether there is such a file that is no folder.
 bool fileExists(const std::string& path);

@@ -3,7 +3,8 @@
 // keys and values match in any case. Safe with several processes at a time.
 //
 // On Linux it is the SQLite file settings.db in userSettingsFolder(), or the file that the environment
-// variable VELLUMARK_SETTINGS names, opened when it is first asked.
+// variable VELLUMARK_SETTINGS names, opened when it is first asked. On Windows it is the registry under
+// HKEY_CURRENT_USER, or below the key there that the variable names.
 
 #include <cstdint>
 #include <optional>

@@ -17,6 +17,8 @@ inline constexpr int opened = 33;
 /// Opens a web page, a mail link or a document in the user's program for it and goes on without waiting for
 /// that program to end. The result is one of those above.
 ///
+/// On Windows the results are the system's own, and failures are seen at once.
+///
 /// On Linux xdg-open does it, or the program that the environment variable VELLUMARK_OPENER names. Its
 /// failures are seen if they come within the first second.
 int openURL(const std::string& url);

@@ -7,9 +7,14 @@
 #include "base/error.h"
 #include "deck/model/new_presentation.h"
 #include "deck/model/xml_order.h"
+#include "platform/paths.h"
 
 namespace vellumark::deck {
 namespace {
+
+std::string absolutePath(const std::string& path) {
+  return platform::textOf(std::filesystem::absolute(platform::pathOf(path)).lexically_normal());
+}
 
 constexpr std::string_view mainTypes[] = {
     "application/vnd.openxmlformats-officedocument.presentationml.presentation.main+xml",
@@ -61,10 +66,10 @@ DocumentRef Document::open(const std::string& path, bool readOnly, bool untitled
     throw FormatError(main->name(),
                       "is no presentation: its root element is " + std::string(main->root().name()));
   }
-  document->path_ = std::filesystem::absolute(path).lexically_normal().string();
+  document->path_ = absolutePath(path);
   document->readOnly_ = readOnly;
   if (untitled) {
-    document->newName_ = std::filesystem::path(path).stem().string();
+    document->newName_ = platform::textOf(platform::pathOf(path).stem());
     document->path_.clear();
   }
   return document;
@@ -79,11 +84,11 @@ DocumentRef Document::create(int number) {
 }
 
 std::string Document::name() const {
-  return path_.empty() ? newName_ : std::filesystem::path(path_).filename().string();
+  return path_.empty() ? newName_ : platform::textOf(platform::pathOf(path_).filename());
 }
 
 std::string Document::folder() const {
-  return path_.empty() ? std::string() : std::filesystem::path(path_).parent_path().string();
+  return path_.empty() ? std::string() : platform::textOf(platform::pathOf(path_).parent_path());
 }
 
 void Document::close() { closed_ = true; }
@@ -104,7 +109,7 @@ void Document::save() {
 
 void Document::saveAs(const std::string& path) {
   package_->save(path);
-  path_ = std::filesystem::absolute(path).lexically_normal().string();
+  path_ = absolutePath(path);
   readOnly_ = false;
   saved_ = true;
 }

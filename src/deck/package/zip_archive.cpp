@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "deck/package/format_error.h"
+#include "platform/paths.h"
 
 namespace vellumark::deck {
 namespace {
@@ -35,7 +36,7 @@ std::string message(int code) {
 /// Devices and pipes could block for ever, so that only ordinary files are opened at all.
 void checkOrdinaryFile(const std::string& path) {
   std::error_code error;
-  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  const std::filesystem::file_status status = std::filesystem::status(platform::pathOf(path), error);
   if (status.type() == std::filesystem::file_type::not_found)
     throw FormatError(path, "there is no such file");
   if (error) throw FormatError(path, "can't be read (" + error.message() + ")");
@@ -47,7 +48,7 @@ void checkOrdinaryFile(const std::string& path) {
 std::string notZip(const std::string& path) {
   constexpr std::array<unsigned char, 8> compound = {0xD0, 0xCF, 0x11, 0xE0, 0xA1, 0xB1, 0x1A, 0xE1};
   std::array<char, 8> head{};
-  std::ifstream file(std::filesystem::path(path), std::ios::binary);
+  std::ifstream file(platform::pathOf(path), std::ios::binary);
   file.read(head.data(), head.size());
   if (file.gcount() == 0) return "is empty: it holds no presentation";
   if (std::memcmp(head.data(), compound.data(), compound.size()) == 0) {

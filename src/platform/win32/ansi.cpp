@@ -18,6 +18,7 @@ std::string unitToAnsi(wchar_t unit) {
 }  // namespace
 
 std::string toAnsi(std::string_view text) {
+  if (GetACP() == CP_UTF8) return std::string(text);
   std::string bytes;
   for (const wchar_t unit : win32::toWide(text)) {
     if (unit < 0x80) {

@@ -70,6 +70,10 @@ void AtomicFile::commit() {
   const DWORD code = GetLastError();
   CloseHandle(file);
   if (!flushed) fail("can't be brought to the disk", code);
+  // What is replaced hands its attributes on; the access rights are those that the folder gives its files.
+  if (const DWORD old = GetFileAttributesW(target.c_str()); old != INVALID_FILE_ATTRIBUTES) {
+    SetFileAttributesW(temporary.c_str(), old);
+  }
   if (!MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
     fail("can't be replaced", GetLastError());
   }

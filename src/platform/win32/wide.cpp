@@ -17,11 +17,12 @@ std::string fromWide(std::wstring_view text) {
 
 std::wstring widePath(const std::string& path) {
   const std::wstring plain = toWide(base::replaceAll(path, "/", "\\"));
-  if (plain.size() < MAX_PATH - 12 || plain.starts_with(L"\\\\"))
+  if (plain.size() < MAX_PATH - 12 || plain.starts_with(L"\\\\?\\"))
     return plain;  // a folder leaves room for a name
   std::wstring full(GetFullPathNameW(plain.c_str(), 0, nullptr, nullptr), L'\0');
   full.resize(GetFullPathNameW(plain.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
-  return L"\\\\?\\" + full;
+  const bool onServer = full.starts_with(L"\\\\");
+  return onServer ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }
 
 std::string systemMessage(DWORD code) {

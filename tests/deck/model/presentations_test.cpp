@@ -6,6 +6,7 @@
 
 #include "base/error.h"
 #include "deck/embedded_host.h"
+#include "platform/paths.h"
 #include "support/deck_builder.h"
 #include "support/temp_folder.h"
 #include "support/zip_entries.h"
@@ -227,6 +228,21 @@ TEST_F(Presentations, NewPresentationsAreSound) {
   presentation.SaveAs(folder.path("new.pptx"));
   expectSound(folder.path("new.pptx"));
   EXPECT_EQ(host.open(folder.path("new.pptx")).Slides().Count(), 4);
+}
+
+TEST_F(Presentations, NamesInAllScripts) {
+  const std::filesystem::path plain = save(threeSlides());
+  const std::filesystem::path named =
+      plain.parent_path() / platform::pathOf("Größe 日本 \xF0\x9F\x98\x80.pptx");
+  std::filesystem::rename(plain, named);
+  const std::string path = platform::textOf(named);
+  const host::Presentation presentation = host.open(path);
+  EXPECT_EQ(presentation.Name(), "Größe 日本 \xF0\x9F\x98\x80.pptx");
+  EXPECT_EQ(presentation.FullName(), path);
+  presentation.Slides().Item(1).Delete();
+  presentation.Save();
+  presentation.Close();
+  EXPECT_EQ(host.open(path).Slides().Count(), 2);
 }
 
 TEST_F(Presentations, TagsOfAllHoldersSurviveTheFile) {
