@@ -24,8 +24,9 @@ Size FontMeasurer::text(std::string_view text, double scale, bool bold, int wrap
   if (wrapWidth > 0 && area.right > wrapWidth) area = measure(wrapWidth, DT_WORDBREAK);
   TEXTMETRICW metrics = {};
   GetTextMetricsW(screen_, &metrics);
-  // Glyphs that lean out of their advance need a pixel or two at the end.
-  return {static_cast<int>(area.right) + 2, static_cast<int>(std::max(area.bottom, metrics.tmHeight))};
+  // Glyphs that lean out of their advance or come from another font can take more than is measured.
+  const int spare = 2 + static_cast<int>(area.right) / 16;
+  return {static_cast<int>(area.right) + spare, static_cast<int>(std::max(area.bottom, metrics.tmHeight))};
 }
 
 /// The average over the alphabet, as the system counts its dialog units.
