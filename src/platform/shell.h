@@ -23,6 +23,10 @@ inline constexpr int opened = 33;
 /// failures are seen if they come within the first second.
 int openURL(const std::string& url);
 
+/// Shows a file in its folder in the user's file manager, selected where the system can do that (Windows), or
+/// the folder alone. 53 where nothing can show it.
+void showInFolder(const std::string& file);
+
 /// Opens a help file on a context id. False where the file is missing or nothing can show it. On Linux the
 /// program for such files shows its first page: there is no common way to hand it the id.
 bool openHelp(const std::string& file, int contextId);

@@ -84,6 +84,11 @@ class TrimlineTools {
   void beautifyBlockArrow();         ///< asks for head angle and shaft ratio
   void tweakAutoShapeAdjustments();  ///< asks for the raw values of the handles
 
+  // Slides and the presentation.
+  void hideShapes();
+  void unhideShapes();          ///< all of the selected slides, or of the slide in view
+  void openContainingFolder();  ///< shows the presentation's file in its folder
+
   // Commands that only open something.
   void tutorialVideos();
   void gettingStarted();

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "base/error_number.h"
 #include "platform/environment_guard.h"
 #include "platform/paths.h"
 #include "support/temp_folder.h"
@@ -59,6 +60,15 @@ TEST_F(Shell, DoesNotWaitForTheProgramThatOpens) {
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(openURL("http://x/"), shell::opened);
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(2));
+}
+
+TEST_F(Shell, ShowsTheFolderOfAFile) {
+  useOpener("printf '%s|' \"$#\" \"$@\" > '" + folder_.path("seen") + "'");
+  const std::string file = folder_.write("sub/my deck.pptx", "x");
+  showInFolder(fromSystem(file));
+  EXPECT_EQ(readFile(folder_.path("seen")), "1|" + folder_.path("sub/") + "|");
+  opener_.set("/no/such/opener");
+  EXPECT_EQ(test::errorNumber([&] { showInFolder(file); }), base::errors::fileNotFound);
 }
 
 TEST_F(Shell, OpensHelpThatIsThere) {

@@ -67,12 +67,14 @@ TEST_F(SameResults, EveryCommandOnShapesOfAllKinds) {
   const auto commands = nlohmann::json::parse(runProgram({"commands", "--json"}).out);
   int runs = 0, written = 0;
   for (const auto& command : commands) {
-    // Those of the ribbon's first groups open pages and dialogs and leave the deck alone.
+    // Those of the ribbon's first groups open pages and dialogs and leave the deck alone, and so does the one
+    // that opens a folder.
     if (!command["inThisBuild"] || command["numbers"].empty() || command["numbers"][0] < 1032) continue;
+    if (command["name"] == "openContainingFolder") continue;
     ++runs;
     written += compare(command["name"], deck, {"--select", "Turned,Round,Back,Master"}).written ? 1 : 0;
   }
-  EXPECT_GE(runs, 24);
+  EXPECT_GE(runs, 35);
   EXPECT_GE(written, 20) << "most commands take such a selection";
 }
 

@@ -7,6 +7,7 @@
 
 #include <cerrno>
 
+#include "base/error.h"
 #include "platform/environment.h"
 #include "platform/paths.h"
 
@@ -104,6 +105,15 @@ int openURL(const std::string& url) {
   // What begins with "-" would be an option of the opener, and no page or file that anybody means.
   if (url.empty() || url.front() == '-') return shell::fileNotFound;
   return runOpener(url);
+}
+
+void showInFolder(const std::string& file) {
+  const std::string path = toSystem(file);
+  const std::size_t end = path.rfind('/');
+  const std::string folder = end == std::string::npos ? "." : path.substr(0, end + 1);
+  if (runOpener(folder) != shell::opened) {
+    base::raise(base::errors::fileNotFound, "No program opens the folder " + folder);
+  }
 }
 
 bool openHelp(const std::string& file, int /*contextId*/) {

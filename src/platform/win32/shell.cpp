@@ -3,6 +3,7 @@
 #include <windows.h>
 #include <shellapi.h>
 
+#include "base/error.h"
 #include "platform/environment.h"
 #include "platform/paths.h"
 #include "platform/win32/wide.h"
@@ -33,6 +34,15 @@ int openURL(const std::string& url) {
       opener ? ShellExecuteW(nullptr, L"open", program.c_str(), quoted.c_str(), nullptr, SW_SHOWNORMAL)
              : ShellExecuteW(nullptr, L"open", wide.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
   return static_cast<int>(reinterpret_cast<INT_PTR>(result));
+}
+
+void showInFolder(const std::string& file) {
+  const std::wstring arguments = L"/e, /select, \"" + win32::toWide(toSystem(file)) + L"\"";
+  const HINSTANCE result =
+      ShellExecuteW(nullptr, L"open", L"explorer", arguments.c_str(), nullptr, SW_SHOWNORMAL);
+  if (reinterpret_cast<INT_PTR>(result) <= 32) {
+    base::raise(base::errors::fileNotFound, "The folder of " + file + " can't be opened");
+  }
 }
 
 bool openHelp(const std::string& file, int contextId) {
