@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "host/command_bars.h"
+#include "host/file_dialog.h"
 #include "host/handle.h"
 #include "host/presentation.h"
 #include "host/window.h"
@@ -40,6 +41,10 @@ class Application : public Handle {
   Presentation ActivePresentation() const { return get<Presentation>(member::ActivePresentation); }
   /// Hosts up to 11.0; later ones answer 438.
   host::CommandBars CommandBars() const { return get<host::CommandBars>(member::CommandBars); }
+  /// The host's own dialog for opening or saving a file; not shown yet.
+  host::FileDialog FileDialog(MsoFileDialogType type) const {
+    return get<host::FileDialog>(member::FileDialog, type);
+  }
   host::COMAddIns COMAddIns() const { return get<host::COMAddIns>(member::COMAddIns); }
   std::string Version() const { return get<std::string>(member::Version); }  ///< "14.0"
   /// Runs the macro "file!module.procedure" without arguments.

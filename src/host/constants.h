@@ -60,7 +60,8 @@ enum PpViewType : std::int32_t {
   ppViewSlideSorter = 7,
   ppViewTitleMaster = 8,
   ppViewNormal = 9,
-  ppViewThumbnails = 11
+  ppViewThumbnails = 11,
+  ppViewMasterThumbnails = 12
 };
 
 enum PpAutoSize : std::int32_t { ppAutoSizeMixed = -2, ppAutoSizeNone = 0, ppAutoSizeShapeToFitText = 1 };
@@ -80,6 +81,20 @@ enum MsoZOrderCmd : std::int32_t {
   msoSendBackward = 3
 };
 enum MsoFlipCmd : std::int32_t { msoFlipHorizontal = 0, msoFlipVertical = 1 };
+enum PpParagraphAlignment : std::int32_t {
+  ppAlignLeft = 1,
+  ppAlignCenter = 2,
+  ppAlignRight = 3,
+  ppAlignJustify = 4
+};
+enum PpTabStopType : std::int32_t { ppTabStopLeft = 1, ppTabStopCenter = 2, ppTabStopRight = 3 };
+enum PpPlaceholderType : std::int32_t { ppPlaceholderTitle = 1, ppPlaceholderBody = 2 };
+enum MsoTextOrientation : std::int32_t { msoTextOrientationHorizontal = 1 };
+enum MsoFileDialogType : std::int32_t { msoFileDialogOpen = 1, msoFileDialogSaveAs = 2 };
+enum PpSaveAsFileType : std::int32_t { ppSaveAsDefault = 11 };
+enum MsoAnimType : std::int32_t { msoAnimTypeMotion = 1 };
+enum MsoAnimEffect : std::int32_t { msoAnimEffectPathRight = 120 };
+enum MsoAnimTriggerType : std::int32_t { msoAnimTriggerOnPageClick = 1 };
 enum MsoVerticalAnchor : std::int32_t { msoAnchorTop = 1, msoAnchorMiddle = 3, msoAnchorBottom = 4 };
 enum MsoControlType : std::int32_t {
   msoControlButton = 1,

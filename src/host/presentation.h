@@ -7,12 +7,32 @@
 #include "host/handle.h"
 #include "host/shape.h"
 #include "host/tags.h"
+#include "host/time_line.h"
 
 namespace vellumark::host {
+
+/// The background of a slide.
+class Background : public Handle {
+ public:
+  using Handle::Handle;
+  int BlackWhiteMode() const { return get<int>(member::BlackWhiteMode); }  ///< MsoBlackWhiteMode, 1 to 10
+  void BlackWhiteMode(int mode) const { put(member::BlackWhiteMode, mode); }
+};
+
+/// A master or a notes page: what carries shapes without being a slide.
+class ShapeSheet : public Handle {
+ public:
+  using Handle::Handle;
+  host::Shapes Shapes() const { return get<host::Shapes>(member::Shapes); }
+};
 
 class Slide : public Handle {
  public:
   using Handle::Handle;
+  host::Background Background() const { return get<host::Background>(member::Background); }
+  /// Made where the slide has none yet.
+  ShapeSheet NotesPage() const { return get<ShapeSheet>(member::NotesPage); }
+  host::TimeLine TimeLine() const { return get<host::TimeLine>(member::TimeLine); }
   host::Shapes Shapes() const { return get<host::Shapes>(member::Shapes); }
   int SlideID() const { return get<int>(member::SlideID); }          ///< stable for the life of the slide
   int SlideIndex() const { return get<int>(member::SlideIndex); }    ///< position in the presentation, from 1
@@ -31,7 +51,9 @@ class SlideRange : public Handle {
   using Handle::Handle;
   int Count() const { return get<int>(member::Count); }
   Slide Item(int index) const { return get<Slide>(member::Item, index); }
-  host::Shapes Shapes() const { return get<host::Shapes>(member::Shapes); }  ///< of a range of one slide
+  host::Shapes Shapes() const { return get<host::Shapes>(member::Shapes); }    ///< of a range of one slide
+  ShapeSheet NotesPage() const { return get<ShapeSheet>(member::NotesPage); }  ///< of a range of one slide
+  void Copy() const { call(member::Copy); }
   int SlideID() const { return get<int>(member::SlideID); }
   int SlideIndex() const { return get<int>(member::SlideIndex); }
   host::Tags Tags() const { return get<host::Tags>(member::Tags); }
@@ -56,6 +78,22 @@ class Slides : public Handle {
   SlideRange Range() const { return call<SlideRange>(member::Range); }
 };
 
+class Design : public Handle {
+ public:
+  using Handle::Handle;
+  ShapeSheet SlideMaster() const { return get<ShapeSheet>(member::SlideMaster); }
+  int HasTitleMaster() const { return get<int>(member::HasTitleMaster); }  ///< tri-state
+  /// Raises where there is none.
+  ShapeSheet TitleMaster() const { return get<ShapeSheet>(member::TitleMaster); }
+};
+
+class Designs : public Handle {
+ public:
+  using Handle::Handle;
+  int Count() const { return get<int>(member::Count); }
+  Design Item(int index) const { return get<Design>(member::Item, index); }
+};
+
 class PageSetup : public Handle {
  public:
   using Handle::Handle;
@@ -77,6 +115,7 @@ class Presentation : public Handle {
  public:
   using Handle::Handle;
   host::Slides Slides() const { return get<host::Slides>(member::Slides); }
+  host::Designs Designs() const { return get<host::Designs>(member::Designs); }
   host::PageSetup PageSetup() const { return get<host::PageSetup>(member::PageSetup); }
   host::Tags Tags() const { return get<host::Tags>(member::Tags); }
   host::ExtraColors ExtraColors() const { return get<host::ExtraColors>(member::ExtraColors); }
@@ -91,6 +130,9 @@ class Presentation : public Handle {
   void Save() const { call(member::Save); }
   void SaveAs(const std::string& path) const { call(member::SaveAs, path); }
   void SaveCopyAs(const std::string& path) const { call(member::SaveCopyAs, path); }
+  void SaveCopyAs(const std::string& path, PpSaveAsFileType type, bool embedFonts) const {
+    call(member::SaveCopyAs, path, type, triState(embedFonts));
+  }
   void Close() const { call(member::Close); }
 };
 

@@ -12,7 +12,9 @@
 namespace vellumark::host {
 
 class GroupShapes;
+class ShapeRange;
 class Slide;
+class Table;
 
 /// The yellow handles of an auto shape, from 1.
 class Adjustments : public Handle {
@@ -95,6 +97,12 @@ class Shape : public Handle {
   /// Raises where the shape has none.
   host::TextFrame TextFrame() const { return get<host::TextFrame>(member::TextFrame); }
   int HasTable() const { return get<int>(member::HasTable); }  ///< tri-state
+  /// Raises where the shape is no table.
+  host::Table Table() const;
+  /// Hosts from 12.0 on; earlier ones answer 438.
+  host::TextFrame2 TextFrame2() const { return get<host::TextFrame2>(member::TextFrame2); }
+  int BlackWhiteMode() const { return get<int>(member::BlackWhiteMode); }  ///< MsoBlackWhiteMode, 1 to 10
+  void BlackWhiteMode(int mode) const { put(member::BlackWhiteMode, mode); }
   host::Tags Tags() const { return get<host::Tags>(member::Tags); }
   FillFormat Fill() const { return get<FillFormat>(member::Fill); }
   LineFormat Line() const { return get<LineFormat>(member::Line); }
@@ -123,6 +131,8 @@ class ShapeRange : public Handle {
   int AutoShapeType() const { return get<int>(member::AutoShapeType); }
   int HasTable() const { return get<int>(member::HasTable); }
   int HasTextFrame() const { return get<int>(member::HasTextFrame); }
+  host::Tags Tags() const { return get<host::Tags>(member::Tags); }
+  void BlackWhiteMode(int mode) const { put(member::BlackWhiteMode, mode); }
   void Copy() const { call(member::Copy); }
   void Delete() const { call(member::Delete); }
   void Select(bool replace = true) const { call(member::Select, triState(replace)); }
@@ -136,6 +146,31 @@ class GroupShapes : public Handle {
   Shape Item(int index) const { return get<Shape>(member::Item, index); }
 };
 
+/// One cell of a table.
+class Cell : public Handle {
+ public:
+  using Handle::Handle;
+  host::Shape Shape() const { return get<host::Shape>(member::Shape); }
+  /// Whether the user selected it.
+  bool Selected() const { return get<bool>(member::Selected); }
+};
+
+class TableLines : public Handle {
+ public:
+  using Handle::Handle;
+  int Count() const { return get<int>(member::Count); }
+};
+
+class Table : public Handle {
+ public:
+  using Handle::Handle;
+  TableLines Rows() const { return get<TableLines>(member::Rows); }
+  TableLines Columns() const { return get<TableLines>(member::Columns); }
+  /// Both from 1.
+  host::Cell Cell(int row, int column) const { return call<host::Cell>(member::Cell, row, column); }
+};
+
+inline host::Table Shape::Table() const { return get<host::Table>(member::Table); }
 inline GroupShapes Shape::GroupItems() const { return get<GroupShapes>(member::GroupItems); }
 
 /// The placeholders among the shapes of a slide, from 1.
@@ -161,6 +196,17 @@ class Shapes : public Handle {
   Shape AddShape(int autoShapeType, float left, float top, float width, float height) const {
     return call<Shape>(member::AddShape, autoShapeType, left, top, width, height);
   }
+  Shape AddTextbox(MsoTextOrientation orientation, float left, float top, float width, float height) const {
+    return call<Shape>(member::AddTextbox, orientation, left, top, width, height);
+  }
+  /// Brings back a placeholder that was deleted; -1 for a measure takes that of the layout. Raises where the
+  /// slide has it.
+  Shape AddPlaceholder(PpPlaceholderType type, float left = -1, float top = -1, float width = -1,
+                       float height = -1) const {
+    return call<Shape>(member::AddPlaceholder, type, left, top, width, height);
+  }
+  /// The clipboard's shapes, put in front.
+  ShapeRange Paste() const { return call<ShapeRange>(member::Paste); }
   host::Placeholders Placeholders() const { return get<host::Placeholders>(member::Placeholders); }
 };
 

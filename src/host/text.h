@@ -33,10 +33,18 @@ class Font : public Handle {
   ColorFormat Color() const { return get<ColorFormat>(member::Color); }
 };
 
+class BulletFormat : public Handle {
+ public:
+  using Handle::Handle;
+  int Visible() const { return get<int>(member::Visible); }  ///< tri-state
+  void Visible(bool on) const { putTriState(member::Visible, on); }
+};
+
 /// The paragraph format of a range.
 class ParagraphFormat : public Handle {
  public:
   using Handle::Handle;
+  BulletFormat Bullet() const { return get<BulletFormat>(member::Bullet); }
   int Alignment() const { return get<int>(member::Alignment); }  ///< 1 left, 2 centre, 3 right, 4 justified
   void Alignment(int alignment) const { put(member::Alignment, alignment); }
 };
@@ -57,6 +65,13 @@ class TextRange : public Handle {
   TextRange Characters(int start = -1, int length = -1) const {
     return get<TextRange>(member::Characters, start, length);
   }
+  TextRange Words(int start = -1, int length = -1) const {
+    return get<TextRange>(member::Words, start, length);
+  }
+  /// Appends text in the format of the range's end; the range of what was appended.
+  TextRange InsertAfter(const std::string& text) const { return call<TextRange>(member::InsertAfter, text); }
+  /// The text frame, untyped.
+  ObjectRef Parent() const { return get<Value>(member::Parent).toObject(); }
   host::Font Font() const { return get<host::Font>(member::Font); }
   host::ParagraphFormat ParagraphFormat() const {
     return get<host::ParagraphFormat>(member::ParagraphFormat);
@@ -91,10 +106,28 @@ class RulerLevels : public Handle {
   RulerLevel Item(int level) const { return get<RulerLevel>(member::Item, level); }
 };
 
+class TabStop : public Handle {
+ public:
+  using Handle::Handle;
+  int Type() const { return get<int>(member::Type); }              ///< PpTabStopType
+  float Position() const { return get<float>(member::Position); }  ///< points from the left margin
+  void Clear() const { call(member::Clear); }
+};
+
+/// The tab stops of a frame, from 1.
+class TabStops : public Handle {
+ public:
+  using Handle::Handle;
+  int Count() const { return get<int>(member::Count); }
+  TabStop Item(int index) const { return get<TabStop>(member::Item, index); }
+  TabStop Add(PpTabStopType type, float position) const { return call<TabStop>(member::Add, type, position); }
+};
+
 /// The indents of a frame, level by level.
 class Ruler : public Handle {
  public:
   using Handle::Handle;
+  host::TabStops TabStops() const { return get<host::TabStops>(member::TabStops); }
   RulerLevels Levels() const { return get<RulerLevels>(member::Levels); }
 };
 
@@ -119,6 +152,36 @@ class TextFrame : public Handle {
   int VerticalAnchor() const { return get<int>(member::VerticalAnchor); }  ///< MsoVerticalAnchor
   void VerticalAnchor(MsoVerticalAnchor anchor) const { put(member::VerticalAnchor, anchor); }
   host::Ruler Ruler() const { return get<host::Ruler>(member::Ruler); }
+  /// The shape, untyped.
+  ObjectRef Parent() const { return get<Value>(member::Parent).toObject(); }
+};
+
+// The later text model, known to hosts from 12.0 on and called by name: earlier ones answer 438.
+
+class ParagraphFormat2 : public Handle {
+ public:
+  using Handle::Handle;
+  int IndentLevel() const { return get<int>(member::IndentLevel); }  ///< 1 to 9
+  void IndentLevel(int level) const { put(member::IndentLevel, level); }
+};
+
+class TextRange2 : public Handle {
+ public:
+  using Handle::Handle;
+  int Count() const { return get<int>(member::Count); }
+  TextRange2 Characters(int start, int length) const {
+    return get<TextRange2>(member::Characters, start, length);
+  }
+  /// All paragraphs; one of them for an index from 1.
+  TextRange2 Paragraphs() const { return get<TextRange2>(member::Paragraphs); }
+  TextRange2 Paragraphs(int index) const { return get<TextRange2>(member::Paragraphs, index); }
+  ParagraphFormat2 ParagraphFormat() const { return get<ParagraphFormat2>(member::ParagraphFormat); }
+};
+
+class TextFrame2 : public Handle {
+ public:
+  using Handle::Handle;
+  TextRange2 TextRange() const { return get<TextRange2>(member::TextRange); }
 };
 
 }  // namespace vellumark::host

@@ -32,6 +32,8 @@ class View : public Handle {
   using Handle::Handle;
   int Type() const { return get<int>(member::Type); }  ///< PpViewType
   host::Slide Slide() const { return get<host::Slide>(member::Slide); }
+  int Zoom() const { return get<int>(member::Zoom); }  ///< per cent
+  void Zoom(int percent) const { put(member::Zoom, percent); }
   void GotoSlide(int index) const { call(member::GotoSlide, index); }
   /// Pastes and leaves what was pasted selected.
   void Paste() const { call(member::Paste); }
@@ -59,6 +61,7 @@ class DocumentWindow : public Handle {
   host::Presentation Presentation() const { return get<host::Presentation>(member::Presentation); }
   Pane ActivePane() const { return get<Pane>(member::ActivePane); }
   host::Panes Panes() const { return get<host::Panes>(member::Panes); }
+  int ViewType() const { return get<int>(member::ViewType); }
   void ViewType(PpViewType type) const { put(member::ViewType, type); }
   void Activate() const { call(member::Activate); }
   void Close() const { call(member::Close); }
