@@ -110,22 +110,6 @@ class AdjustmentsObject : public ModelObject<AdjustmentsObject> {
     return static_cast<std::size_t>(item) - 1;
   }
 
-  static std::int32_t guideValue(const ShapeGeometry& geometry, const PresetGuide& guide) {
-    for (xml_node entry : geometry.guides.children("a:gd")) {
-      // Some programs number a single guide, and some don't.
-      const std::string_view name = entry.attribute("name").value();
-      const bool same = name == guide.name || (name == "adj" && std::string_view(guide.name) == "adj1") ||
-                        (name == "adj1" && std::string_view(guide.name) == "adj");
-      std::string_view formula = entry.attribute("fmla").value();
-      if (!same || !formula.starts_with("val ")) continue;
-      formula.remove_prefix(4);
-      std::int32_t value = 0;
-      if (std::from_chars(formula.data(), formula.data() + formula.size(), value).ec == std::errc())
-        return value;
-    }
-    return guide.value;
-  }
-
   /// The shorter side as share of the side that an arrow's head lies along.
   double headScale(const OldArrow& arrow) const {
     const ShapeFrame frame = slideFrame(shape_);

@@ -1,8 +1,6 @@
 #include "deck/model/extra_colors.h"
 
-#include <cstdio>
-#include <cstdlib>
-
+#include "deck/model/color.h"
 #include "deck/model/member_table.h"
 #include "deck/model/xml_order.h"
 
@@ -12,18 +10,6 @@ namespace {
 constexpr const char* propertiesContentType =
     "application/vnd.openxmlformats-officedocument.presentationml.presProps+xml";
 constexpr std::size_t mostColors = 10;  // the file format keeps no more
-
-/// From "RRGGBB" to a number with red in the low byte, and back.
-std::int32_t fromHex(const char* text) {
-  const auto rgb = static_cast<std::uint32_t>(std::strtoul(text, nullptr, 16)) & 0xFFFFFFu;
-  return static_cast<std::int32_t>((rgb >> 16) | (rgb & 0xFF00u) | ((rgb & 0xFFu) << 16));
-}
-std::string toHex(std::int32_t color) {
-  const auto c = static_cast<std::uint32_t>(color);
-  char text[7];
-  std::snprintf(text, sizeof text, "%02X%02X%02X", c & 0xFFu, (c >> 8) & 0xFFu, (c >> 16) & 0xFFu);
-  return text;
-}
 
 class ExtraColorsObject : public ModelObject<ExtraColorsObject> {
  public:
@@ -47,14 +33,14 @@ class ExtraColorsObject : public ModelObject<ExtraColorsObject> {
   std::int32_t item(Arguments arguments) {
     const auto all = colors();
     const pugi::xml_node color = all[collectionIndex(arguments[0].toInt(), all.size())];
-    return fromHex(color.attribute("val").value());
+    return colorFromHex(color.attribute("val").value());
   }
   void add(Arguments arguments) {
     const std::int32_t color = arguments[0].toInt();
     if (color < 0 || color > 0xFFFFFF) base::raise(base::errors::outOfRange);
     const PartRef part = properties(true);
     pugi::xml_node list = childInOrder(part->root(), "p:clrMru", {"p:extLst"});
-    const std::string hex = toHex(color);
+    const std::string hex = colorHex(color);
     for (pugi::xml_node known : colors()) {
       if (hex == known.attribute("val").value()) part->bury(known);
     }

@@ -25,7 +25,8 @@ struct SelectionState {
   std::int32_t type = 0;             ///< PpSelectionType
   std::vector<std::int32_t> slides;  ///< slide ids
   std::vector<ShapeKey> shapes;
-  std::int32_t textStart = 1;  ///< UTF-16 units from 1
+  std::vector<ShapeKey> cells{};  ///< selected cells of a selected table
+  std::int32_t textStart = 1;   ///< UTF-16 units from 1
   std::int32_t textLength = 0;
 };
 

@@ -13,8 +13,7 @@ namespace {
 
 using pugi::xml_node;
 
-/// What the kinds of placeholders are matched by.
-enum class Family { title, body, date, footer, slideNumber, header, slideImage };
+using Family = PlaceholderFamily;
 
 struct PlaceholderKind {
   std::string_view name;  ///< p:ph/@type
@@ -74,6 +73,8 @@ class PlaceholderFormatObject : public ModelObject<PlaceholderFormatObject> {
 }  // namespace
 
 xml_node placeholderElement(xml_node shape) { return applicationProperties(shape).child("p:ph"); }
+
+PlaceholderFamily placeholderFamily(xml_node element) { return kindOf(element).family; }
 
 std::int32_t placeholderType(xml_node element) {
   const PlaceholderKind& kind = kindOf(element);

@@ -13,6 +13,10 @@ namespace vellumark::deck {
 /// p:ph of a shape; nothing where it is no placeholder.
 pugi::xml_node placeholderElement(pugi::xml_node shape);
 
+/// What the kinds of placeholders are matched and styled by.
+enum class PlaceholderFamily { title, body, date, footer, slideNumber, header, slideImage };
+PlaceholderFamily placeholderFamily(pugi::xml_node element);
+
 /// PpPlaceholderType of a p:ph.
 std::int32_t placeholderType(pugi::xml_node element);
 

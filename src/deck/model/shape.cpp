@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "deck/model/adjustments.h"
+#include "deck/model/fill_and_line.h"
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
 #include "deck/model/placeholder.h"
@@ -14,6 +15,8 @@
 #include "deck/model/shape_node.h"
 #include "deck/model/shape_nodes.h"
 #include "deck/model/shapes.h"
+#include "deck/model/table.h"
+#include "deck/model/table_cell.h"
 #include "deck/model/text_characters.h"
 #include "deck/model/text_frame.h"
 #include "deck/model/units.h"
@@ -89,6 +92,16 @@ class ShapeObject : public ModelObject<ShapeObject> {
     if (!deck::hasTextFrame(shape_)) base::raise(base::errors::outOfRange);
     return makeTextFrame(host(), shape_);
   }
+  host::ObjectRef textFrame2() {
+    if (!deck::hasTextFrame(shape_)) base::raise(base::errors::outOfRange);
+    return makeTextFrame2(host(), shape_);
+  }
+  host::ObjectRef table() {
+    if (!deck::hasTable(shape_)) base::raise(base::errors::outOfRange);
+    return makeTable(host(), shape_);
+  }
+  host::ObjectRef fill() { return makeFillFormat(host(), requireForm()); }
+  host::ObjectRef line() { return makeLineFormat(host(), requireForm()); }
   host::ObjectRef placeholderFormat() { return makePlaceholderFormat(host(), shape_); }
 
   // Properties by which it is known.
@@ -145,6 +158,12 @@ class ShapeObject : public ModelObject<ShapeObject> {
     shape_.sheet.touch();
   }
 
+  /// Graphic frames and what is no shape proper have neither fill nor line.
+  const ShapeKey& requireForm() const {
+    if (locksElement(shape_.node) && shapeElement(shape_.node) != ShapeElement::graphicFrame) return shape_;
+    base::raise(base::errors::outOfRange);
+  }
+
   bool keepsProportions() const {
     const char* locks = locksElement(shape_.node);
     return locks && kindProperties(shape_.node).child(locks).attribute("noChangeAspect").as_bool();
@@ -173,6 +192,10 @@ const MemberTable<ShapeObject>& ShapeObject::members() {
       property<&S::hasTable>(member::HasTable),
       property<&S::hasChart>(member::HasChart).from(12),
       property<&S::textFrame>(member::TextFrame),
+      property<&S::textFrame2>(member::TextFrame2).from(12),
+      property<&S::table>(member::Table),
+      property<&S::fill>(member::Fill),
+      property<&S::line>(member::Line),
       property<&S::placeholderFormat>(member::PlaceholderFormat),
       property<&S::name, &S::setName>(member::Name),
       property<&S::id>(member::Id),
@@ -273,6 +296,7 @@ host::ObjectRef ShapeObject::groupItems() {
 }  // namespace
 
 host::ObjectRef makeShape(const HostRef& host, const ShapeKey& shape) {
+  if (isTableCell(shape.node)) return makeCellShape(host, shape);
   return std::make_shared<ShapeObject>(host, shape);
 }
 

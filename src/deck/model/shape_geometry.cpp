@@ -1,5 +1,6 @@
 #include "deck/model/shape_geometry.h"
 
+#include <charconv>
 #include <string>
 
 #include "base/error.h"
@@ -30,6 +31,22 @@ ShapeGeometry shapeGeometry(const ShapeKey& shape) {
     }
   }
   return {element == ShapeElement::connector ? "line" : "rect", {}};
+}
+
+std::int32_t guideValue(const ShapeGeometry& geometry, const PresetGuide& guide) {
+  for (xml_node entry : geometry.guides.children("a:gd")) {
+    // Some programs number a single guide, and some don't.
+    const std::string_view name = entry.attribute("name").value();
+    const bool same = name == guide.name || (name == "adj" && std::string_view(guide.name) == "adj1") ||
+                      (name == "adj1" && std::string_view(guide.name) == "adj");
+    std::string_view formula = entry.attribute("fmla").value();
+    if (!same || !formula.starts_with("val ")) continue;
+    formula.remove_prefix(4);
+    std::int32_t value = 0;
+    if (std::from_chars(formula.data(), formula.data() + formula.size(), value).ec == std::errc())
+      return value;
+  }
+  return guide.value;
 }
 
 std::int32_t autoShapeTypeOf(const ShapeKey& shape) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "deck/model/document.h"
+#include "deck/model/preset_adjustments.h"
 
 namespace vellumark::deck {
 
@@ -18,6 +19,9 @@ struct ShapeGeometry {
 /// The geometry of a shape. A placeholder without one has that of layout or master; a shape that says nothing
 /// anywhere is a rectangle. Graphic frames, groups and content parts have none.
 ShapeGeometry shapeGeometry(const ShapeKey& shape);
+
+/// A guide of a preset as a shape has it, in the file's units.
+std::int32_t guideValue(const ShapeGeometry& geometry, const PresetGuide& guide);
 
 /// MsoAutoShapeType: 138 for a freeform; -2 for lines, connectors and what has no geometry.
 std::int32_t autoShapeTypeOf(const ShapeKey& shape);

@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "base/text.h"
+#include "deck/model/text_box.h"
 #include "deck/model/text_characters.h"
+#include "deck/model/text_style.h"
 #include "deck/model/xml_order.h"
 
 namespace vellumark::deck {
@@ -117,20 +119,12 @@ bool isSecondHalf(const std::u16string& text, std::size_t place) {
 
 }  // namespace
 
-xml_node requireTextBody(xml_node shape) {
-  xml_node body = childInOrder(shape, "p:txBody", {"p:extLst"});
-  childInOrder(body, "a:bodyPr", {"a:lstStyle", "a:p"});
-  childInOrder(body, "a:lstStyle", {"a:p"});
-  if (!body.child("a:p")) body.append_child("a:p");
-  return body;
-}
-
 TextBody::TextBody(const ShapeKey& shape) : shape_(shape) { read(); }
 
 void TextBody::read() {
   text_.clear();
   paragraphs_.clear();
-  for (xml_node node : shape_.node.child("p:txBody").children("a:p")) {
+  for (xml_node node : textBodyOf(shape_.node).children("a:p")) {
     if (!paragraphs_.empty()) text_ += paragraphMark;
     TextParagraph paragraph{node, {text_.size(), 0}, {}};
     for (xml_node child : node.children()) {
@@ -267,6 +261,63 @@ TextSpan TextBody::replace(TextSpan wanted, std::u16string_view text, Neighbour 
   read();
   shape_.sheet.touch();
   return {span.start, text.size()};
+}
+
+std::pair<std::size_t, std::size_t> TextBody::paragraphsIn(TextSpan span) const {
+  return {paragraphAt(span.start), paragraphAt(span.length > 0 ? span.end() - 1 : span.start)};
+}
+
+std::vector<TextBody::Format> TextBody::formats(TextSpan span) const {
+  std::vector<Format> found;
+  if (paragraphs_.empty()) return found;
+  const auto [first, last] = paragraphsIn(span);
+  for (std::size_t i = first; i <= last; ++i) {
+    for (const TextPiece& piece : paragraphs_[i].pieces) {
+      if (piece.span.length > 0 && piece.span.start < span.end() && piece.span.end() > span.start) {
+        found.push_back({paragraphs_[i].node, piece.node.child("a:rPr")});
+      }
+    }
+  }
+  if (found.empty()) found.push_back({paragraphs_[first].node, formatAt(span, Neighbour::before)});
+  return found;
+}
+
+void TextBody::changeFormats(TextSpan wanted, const std::function<void(xml_node)>& change) {
+  requireTextBody(shape_.node);
+  if (paragraphs_.empty()) read();
+  const TextSpan span = clipped(wanted);
+  const auto [first, last] = paragraphsIn(span);
+  splitAt(first, span.start);
+  splitAt(last, span.end());
+  for (std::size_t i = first; i <= last; ++i) {
+    const TextParagraph& paragraph = paragraphs_[i];
+    for (const TextPiece& piece : paragraph.pieces) {
+      if (piece.span.length == 0 || piece.span.start < span.start || piece.span.end() > span.end()) continue;
+      xml_node node = piece.node;
+      xml_node properties = node.child("a:rPr");
+      change(properties ? properties : node.prepend_child("a:rPr"));
+    }
+    if (span.start > paragraph.span.start || span.end() < paragraph.span.end()) continue;
+    xml_node node = paragraph.node;
+    if (const xml_node end = node.child("a:endParaRPr")) {
+      change(end);
+    } else if (paragraph.span.length == 0) {
+      change(node.append_child("a:endParaRPr"));
+    }
+  }
+  for (std::size_t i = first; i <= last; ++i) joinRuns(paragraphs_[i].node);
+  read();
+}
+
+void TextBody::changeParagraphs(TextSpan wanted, const std::function<void(xml_node)>& change) {
+  requireTextBody(shape_.node);
+  if (paragraphs_.empty()) read();
+  const auto [first, last] = paragraphsIn(clipped(wanted));
+  for (std::size_t i = first; i <= last; ++i) {
+    xml_node node = paragraphs_[i].node;
+    xml_node properties = node.child("a:pPr");
+    change(properties ? properties : node.prepend_child("a:pPr"));
+  }
 }
 
 }  // namespace vellumark::deck

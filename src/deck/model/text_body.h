@@ -1,9 +1,11 @@
 #pragma once
 // The text of a shape as characters over its paragraphs and runs.
 
+#include <functional>
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "deck/model/document.h"
@@ -51,6 +53,22 @@ class TextBody {
   /// properties one by one; further ones take on those of the last.
   TextSpan replace(TextSpan span, std::u16string_view text, Neighbour neighbour = Neighbour::before);
 
+  /// The paragraphs that a span touches, as places in paragraphs(): from the one where it starts to the one
+  /// of its last character.
+  std::pair<std::size_t, std::size_t> paragraphsIn(TextSpan span) const;
+  /// The format (a:rPr, a:endParaRPr or nothing) of each stretch of a span with the paragraph that it stands
+  /// in; that of new text where the span is empty.
+  struct Format {
+    pugi::xml_node paragraph;
+    pugi::xml_node properties;
+  };
+  std::vector<Format> formats(TextSpan span) const;
+  /// Lets `change` write the formats (a:rPr, made where they are missing) of all characters of a span, and of
+  /// what will be typed behind paragraphs that it holds whole.
+  void changeFormats(TextSpan span, const std::function<void(pugi::xml_node properties)>& change);
+  /// The same for the properties (a:pPr) of the paragraphs that a span touches.
+  void changeParagraphs(TextSpan span, const std::function<void(pugi::xml_node properties)>& change);
+
  private:
   void read();
   std::size_t paragraphAt(std::size_t place) const;
@@ -66,8 +84,5 @@ class TextBody {
   std::u16string text_;
   std::vector<TextParagraph> paragraphs_;
 };
-
-/// p:txBody of a shape, made in its place where it is missing.
-pugi::xml_node requireTextBody(pugi::xml_node shape);
 
 }  // namespace vellumark::deck

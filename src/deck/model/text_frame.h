@@ -7,5 +7,7 @@
 namespace vellumark::deck {
 
 host::ObjectRef makeTextFrame(const HostRef& host, const ShapeKey& shape);
+/// The later text model of the same frame.
+host::ObjectRef makeTextFrame2(const HostRef& host, const ShapeKey& shape);
 
 }  // namespace vellumark::deck

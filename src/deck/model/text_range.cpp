@@ -1,15 +1,21 @@
 // A stretch of the text of a shape.
 
+#include "deck/model/text_range.h"
+
 #include <algorithm>
 #include <string>
 
 #include "base/text.h"
+#include "deck/model/auto_size.h"
+#include "deck/model/font.h"
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
+#include "deck/model/paragraph_format.h"
 #include "deck/model/shape_actions.h"
 #include "deck/model/text_body.h"
 #include "deck/model/text_characters.h"
 #include "deck/model/text_frame.h"
+#include "deck/model/text_layout.h"
 #include "deck/model/text_units.h"
 
 namespace vellumark::deck {
@@ -35,12 +41,21 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
         method<&R::remove>(member::Delete),
         method<&R::select>(member::Select),
         property<&R::parent>(member::Parent),
+        property<&R::font>(member::Font),
+        property<&R::paragraphFormat>(member::ParagraphFormat),
+        property<&R::indentLevel, &R::putIndentLevel>(member::IndentLevel),
+        property<&R::languageId, &R::setLanguageId>(member::LanguageID),
+        property<&R::bound<&TextBounds::left>>(member::BoundLeft),
+        property<&R::bound<&TextBounds::top>>(member::BoundTop),
+        property<&R::bound<&TextBounds::width>>(member::BoundWidth),
+        property<&R::bound<&TextBounds::height>>(member::BoundHeight),
     };
     return table;
   }
 
-  TextRangeObject(HostRef host, ShapeKey shape, TextSpan span, TextUnit unit)
-      : ModelObject(std::move(host)), shape_(std::move(shape)), span_(span), unit_(unit) {}
+  TextRangeObject(HostRef host, ShapeKey shape, TextSpan span, TextUnit unit, bool later)
+      : ModelObject(std::move(host)), shape_(std::move(shape)), span_(span), unit_(unit), later_(later) {}
+  std::string typeName() const override { return later_ ? "TextRange2" : className; }
   void requireAlive() const {
     if (shape_.deleted()) base::raise(base::errors::invalidRequest);
   }
@@ -52,6 +67,7 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
   }
   void setText(const std::string& text) {
     span_ = TextBody(shape_).replace(span_, storableText(base::toUtf16(text)));
+    textChanged(shape_);
   }
   std::int32_t start() { return static_cast<std::int32_t>(TextBody(shape_).clipped(span_).start) + 1; }
   std::int32_t length() { return static_cast<std::int32_t>(TextBody(shape_).clipped(span_).length); }
@@ -89,16 +105,42 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
     span_ = body.clipped(span_);
     return inserted(body.replace({span_.start, 0}, newText(arguments), TextBody::Neighbour::behind));
   }
-  void remove() { span_ = TextBody(shape_).replace(span_, {}); }
+  void remove() {
+    span_ = TextBody(shape_).replace(span_, {});
+    textChanged(shape_);
+  }
   void select() { selectText(host(), shape_, start(), length()); }
-  host::ObjectRef parent() { return makeTextFrame(host(), shape_); }
+  host::ObjectRef parent() { return later_ ? makeTextFrame2(host(), shape_) : makeTextFrame(host(), shape_); }
+
+  host::ObjectRef font() { return makeFont(host(), shape_, span_); }
+  host::ObjectRef paragraphFormat() {
+    return later_ ? makeParagraphFormat2(host(), shape_, span_) : makeParagraphFormat(host(), shape_, span_);
+  }
+  /// The later model has the level in the paragraph's format.
+  std::int32_t indentLevel() {
+    requireEarlier();
+    return indentLevelOf(shape_, span_);
+  }
+  void putIndentLevel(std::int32_t level) {
+    requireEarlier();
+    constexpr std::int32_t oldLevels = 5, newLevels = 9;
+    setIndentLevel(shape_, span_, level, host()->beforeRibbon() ? oldLevels : newLevels);
+  }
+  std::int32_t languageId() { return languageOf(shape_, span_); }
+  void setLanguageId(std::int32_t id) { setLanguage(shape_, span_, id); }
+
+  template <double TextBounds::*part>
+  float bound() {
+    return static_cast<float>(TextLayout(shape_).bounds(TextBody(shape_).clipped(span_)).*part);
+  }
 
  private:
   host::ObjectRef part(TextSpan span, TextUnit unit) const {
-    return std::make_shared<TextRangeObject>(host(), shape_, span, unit);
+    return std::make_shared<TextRangeObject>(host(), shape_, span, unit, later_);
   }
   host::ObjectRef inserted(TextSpan span) {
     span_.length += span.length;
+    textChanged(shape_);
     return part(span, TextUnit::whole);
   }
   static std::u16string newText(Arguments arguments) {
@@ -106,8 +148,13 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
   }
 
   ShapeKey shape_;
+  void requireEarlier() const {
+    if (later_) base::raise(base::errors::noSuchMember);
+  }
+
   TextSpan span_;
   TextUnit unit_;
+  bool later_;
 };
 
 }  // namespace
@@ -116,7 +163,12 @@ host::ObjectRef makeTextRange(const HostRef& host, const ShapeKey& shape, std::i
                               std::int32_t length) {
   const TextSpan span{static_cast<std::size_t>(std::max(start, 1)) - 1,
                       static_cast<std::size_t>(std::max(length, 0))};
-  return std::make_shared<TextRangeObject>(host, shape, span, TextUnit::whole);
+  return std::make_shared<TextRangeObject>(host, shape, span, TextUnit::whole, false);
+}
+
+host::ObjectRef makeTextRange2(const HostRef& host, const ShapeKey& shape) {
+  return std::make_shared<TextRangeObject>(host, shape, TextSpan{0, TextBody(shape).text().size()},
+                                           TextUnit::whole, true);
 }
 
 }  // namespace vellumark::deck
