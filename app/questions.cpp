@@ -57,7 +57,8 @@ void Questions::note(ui::Shown shown, const std::string& elsewhere) {
   const std::string answer = !shown.answer.empty() ? "answered: " + oneLine(shown.answer)
                              : isForm              ? elsewhere
                                                    : "not answered";
-  tell(heading(shown) + ", \"" + oneLine(shown.title) + "\"\n" + indented(shown.text) + "  " + answer + "\n");
+  tell(heading(shown) + ", \"" + oneLine(shown.title) + "\"\n" + indented(shown.text) +
+       (shown.staysOpen ? "" : "  " + answer + "\n"));
   const bool isCritical = shown.kind == ui::Shown::Kind::messageBox && shown.icon == ui::Icon::critical;
   critical_ = critical_ || (counting_ && isCritical);
 }

@@ -150,7 +150,7 @@ std::string Rule::text() const {
   return parts.empty() ? "always" : base::join(parts, ", ");
 }
 
-bool Command::inThisBuild() const { return toggle || TrimlineTools::hasMethod(method); }
+bool Command::inThisBuild() const { return TrimlineTools::hasMethod(method); }
 
 std::span<const Command> commandTable() { return table; }
 

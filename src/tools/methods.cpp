@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/conversions.h"
 #include "base/error.h"
 #include "base/text.h"
 #include "tools/trimline_tools.h"
@@ -11,11 +12,14 @@ namespace {
 
 struct Method {
   std::string_view name;
-  void (TrimlineTools::*command)();
+  void (TrimlineTools::*command)() = nullptr;
+  void (TrimlineTools::*numbered)(std::int32_t) = nullptr;  ///< of a command that takes a number
 };
 
 #define VELLUMARK_METHOD(name) \
-  { #name, &TrimlineTools::name }
+  { #name, &TrimlineTools::name, nullptr }
+#define VELLUMARK_NUMBERED_METHOD(name) \
+  { #name, nullptr, &TrimlineTools::name }
 constexpr Method methods[] = {
     VELLUMARK_METHOD(alignLefts),
     VELLUMARK_METHOD(alignCenters),
@@ -49,6 +53,14 @@ constexpr Method methods[] = {
     VELLUMARK_METHOD(roundedRectanglesNumeric),
     VELLUMARK_METHOD(beautifyBlockArrow),
     VELLUMARK_METHOD(tweakAutoShapeAdjustments),
+    VELLUMARK_METHOD(adjustAutoShapeToText),
+    VELLUMARK_METHOD(wrapText),
+    VELLUMARK_METHOD(setMargins),
+    VELLUMARK_METHOD(beautifyIndents),
+    VELLUMARK_METHOD(addIndent),
+    VELLUMARK_METHOD(removeIndent),
+    VELLUMARK_NUMBERED_METHOD(setLanguage),
+    VELLUMARK_METHOD(countWords),
     VELLUMARK_METHOD(hideShapes),
     VELLUMARK_METHOD(unhideShapes),
     VELLUMARK_METHOD(openContainingFolder),
@@ -62,6 +74,7 @@ constexpr Method methods[] = {
     VELLUMARK_METHOD(startUpdate),
 };
 #undef VELLUMARK_METHOD
+#undef VELLUMARK_NUMBERED_METHOD
 
 const Method* findMethod(std::string_view name) {
   const auto found = std::ranges::find_if(
@@ -76,8 +89,12 @@ bool TrimlineTools::hasMethod(std::string_view name) { return findMethod(name) !
 void TrimlineTools::callMethod(std::string_view name, const std::optional<std::string>& argument) {
   const Method* method = findMethod(name);
   if (!method) base::raise(base::errors::noSuchMember);
-  if (argument) base::raise(base::errors::wrongArgumentCount);
-  (this->*method->command)();
+  if (argument.has_value() != (method->numbered != nullptr)) base::raise(base::errors::wrongArgumentCount);
+  if (argument) {
+    (this->*method->numbered)(base::toInt32(*argument));
+  } else {
+    (this->*method->command)();
+  }
 }
 
 }  // namespace vellumark::tools

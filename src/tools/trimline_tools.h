@@ -1,13 +1,19 @@
 #pragma once
 // The object that holds the commands on shapes, text and slides.
 
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "host/shape.h"
+#include "host/window.h"
+#include "ui/form.h"
 
 namespace vellumark::tools {
+
+class MarginInput;
 
 /// The upright visual box of a shape at any rotation, in points on the slide.
 struct RotatedMetrics {
@@ -84,6 +90,18 @@ class TrimlineTools {
   void beautifyBlockArrow();         ///< asks for head angle and shaft ratio
   void tweakAutoShapeAdjustments();  ///< asks for the raw values of the handles
 
+  // Text of the selected shapes, of groups and tables among them too.
+  void adjustAutoShapeToText();  ///< fits the shapes to their text, or no longer; hosts before the ribbon
+  void wrapText();               ///< wraps the text, or no longer; hosts before the ribbon
+  void setMargins();             ///< asks for margins
+  void beautifyIndents();
+  void addIndent();
+  void removeIndent();
+  void setLanguage(std::int32_t id);  ///< the proofing language, a locale id
+  void countWords();                  ///< shows the text statistics
+  /// Sets the ruler of a frame so that each level stands one font size to the right of the level before.
+  void beautify(const host::TextFrame& frame);
+
   // Slides and the presentation.
   void hideShapes();
   void unhideShapes();          ///< all of the selected slides, or of the slide in view
@@ -100,7 +118,7 @@ class TrimlineTools {
   void startUpdate();
 
   /// Calls a command by its name, in any case, as the parameter of a toolbar's entry has it: 438 for a name
-  /// that is none, 450 where an argument is handed to a command that takes none.
+  /// that is none, 450 where an argument is missing, or handed to a command that takes none.
   void callMethod(std::string_view name, const std::optional<std::string>& argument = {});
   /// Whether callMethod() knows the name.
   static bool hasMethod(std::string_view name);
@@ -109,6 +127,17 @@ class TrimlineTools {
   /// The radius in points of a rounded rectangle's corners.
   static void setRadius(const host::Shape& shape, double radius);
   RotatedMetrics getRotatedMetrics(const host::Shape& shape);
+
+  /// Applies an action ("beautifyIndents", "addIndent", "removeIndent", "setMargins", "setLanguage") to every
+  /// text frame in a selection, in shapes, or in a shape. `value` is the language.
+  void iterate(const host::Handle& what, const std::string& action, std::optional<std::int32_t> value = {});
+  void iterateSelection(const host::Selection& selection, const std::string& action,
+                        std::optional<std::int32_t> value);
+  void iterateTable(const host::Table& table, const std::string& action, std::optional<std::int32_t> value);
+  void iterateSelected(const std::string& action);
+  void indentLevel(const host::TextFrame& frame, int direction);
+  void margins(const host::TextFrame& frame);
+  void setLang(const host::TextFrame& frame, std::int32_t id);
 
   /// Which edge is meant. `alignSizes` has modes of its own.
   enum class Mode {
@@ -133,6 +162,9 @@ class TrimlineTools {
   /// Gives the visual box a new size and place; a size of zero or less leaves the shape untouched.
   void spanHorizontally(const host::Shape& shape, double left, double width);
   void spanVertically(const host::Shape& shape, double top, double height);
+
+  const MarginInput* marginInput_ = nullptr;  ///< while its margins are applied
+  std::unique_ptr<ui::Form> wordCount_;       ///< the statistics shown last
 };
 
 }  // namespace vellumark::tools

@@ -147,6 +147,25 @@ std::optional<std::string> HeadlessToolkit::fileDialog(const FileDialog& dialog)
   return answer;
 }
 
+namespace {
+
+/// What a form says: its labels, those that name the next one (lWords, words) on a line with it.
+std::string labelsOf(const Form& form) {
+  std::string text;
+  bool names = false;
+  for (const Control* control : form.controls()) {
+    const auto* label = dynamic_cast<const Label*>(control);
+    if (!label || !label->visible()) continue;
+    if (!text.empty()) text += names ? ": " : "\n";
+    text += plainCaption(label->caption());
+    const std::string& name = label->name();
+    names = !names && name.size() > 1 && name[0] == 'l' && name[1] >= 'A' && name[1] <= 'Z';
+  }
+  return text;
+}
+
+}  // namespace
+
 void HeadlessToolkit::showModal(Form& form) {
   if (dialogs_.empty()) {
     tell({Shown::Kind::form, Icon::none, form.caption(), form.name(), {}, {}});
@@ -177,7 +196,7 @@ void HeadlessToolkit::showModal(Form& form) {
 }
 
 void HeadlessToolkit::showModeless(Form& form) {
-  tell({Shown::Kind::form, Icon::none, form.caption(), form.name(), {}, {}});
+  tell({Shown::Kind::form, Icon::none, form.caption(), form.name(), labelsOf(form), {}, true});
   form.activated();
 }
 

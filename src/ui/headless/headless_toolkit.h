@@ -18,9 +18,10 @@ struct Shown {
   Icon icon = Icon::none;
   std::string title;  ///< of a form its caption
   std::string name;   ///< of a form its name
-  std::string text;   ///< message or prompt
+  std::string text;   ///< message or prompt; of a form that stays open its labels, a line each
   std::string
       answer;  ///< the button's caption, the text, the path, or the script's steps; empty for cancelled
+  bool staysOpen = false;  ///< a form that nobody waits for
 };
 
 /// Answers by scripts and fails loudly where a dialog comes up that none is there for: base::Error 5 whose
