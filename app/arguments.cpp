@@ -107,6 +107,30 @@ TextSpot parseTextSpot(std::string_view text) {
           "\" is no stretch of text; write SHAPE:START,LENGTH, for example @2:1,5");
 }
 
+CellSpots parseCellSpots(std::string_view text) {
+  const std::size_t colon = text.rfind(':');
+  CellSpots spots;
+  if (colon != std::string_view::npos) {
+    spots.table = text.substr(0, colon);
+    for (const std::string& spot : base::split(text.substr(colon + 1), ';')) {
+      const std::size_t comma = spot.find(',');
+      const auto row = parsePosition(base::trim(spot.substr(0, comma)));
+      const auto column =
+          comma == std::string::npos ? std::nullopt : parsePosition(base::trim(spot.substr(comma + 1)));
+      if (!row || !column) {
+        spots.cells.clear();
+        break;
+      }
+      spots.cells.emplace_back(*row, *column);
+    }
+  }
+  if (spots.table.empty() || spots.cells.empty()) {
+    misused("--cells: \"" + std::string(text) +
+            "\" names no cells; write TABLE:ROW,COLUMN;ROW,COLUMN, for example @2:1,1;1,2");
+  }
+  return spots;
+}
+
 std::int32_t parseView(std::string_view name) {
   std::vector<std::string> names;
   for (const ViewName& view : views) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/shape.h"
@@ -24,6 +25,13 @@ struct TextSpot {
   std::int32_t length = 0;
 };
 TextSpot parseTextSpot(std::string_view text);
+
+/// Cells of a table: TABLE:ROW,COLUMN;ROW,COLUMN, both counted from 1.
+struct CellSpots {
+  std::string table;
+  std::vector<std::pair<std::int32_t, std::int32_t>> cells;
+};
+CellSpots parseCellSpots(std::string_view text);
 
 /// The view of that name (PpViewType): slide, slidemaster, notes, handoutmaster, notesmaster, outline,
 /// sorter, titlemaster, normal or thumbnails.

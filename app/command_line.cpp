@@ -104,10 +104,15 @@ void addRun(CLI::App& program, RunOptions& options) {
   CLI::Option* slides = run.add_option("--slides", options.slides, "Select slides instead")
                             ->option_text("2,4-6")
                             ->excludes(select);
-  run.add_option("--text", options.text, "Select text in a shape, characters from 1")
-      ->option_text("SHAPE:START,LENGTH")
+  CLI::Option* text = run.add_option("--text", options.text, "Select text in a shape, characters from 1")
+                          ->option_text("SHAPE:START,LENGTH")
+                          ->excludes(select)
+                          ->excludes(slides);
+  run.add_option("--cells", options.cells, "Select cells of a table, rows and columns from 1")
+      ->option_text("TABLE:ROW,COLUMN;...")
       ->excludes(select)
-      ->excludes(slides);
+      ->excludes(slides)
+      ->excludes(text);
   run.add_option("--view", options.view, viewDescription)->option_text("TYPE");
   run.add_option("--host", options.host, "The version that the host reports: 9.0 to 16.0 (default 14.0)")
       ->option_text("VERSION")

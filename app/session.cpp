@@ -89,6 +89,30 @@ void Session::selectText(const std::string& spot) {
   shape.TextFrame().TextRange().Characters(text.start, text.length).Select();
 }
 
+void Session::selectCells(const std::string& spots) {
+  const CellSpots cells = parseCellSpots(spots);
+  const host::Shapes shapes = shapesInView();
+  if (!shapes)
+    throw Failure(Exit::usage,
+                  "--cells: no slide is in view; choose one with --slide, in a view that shows it");
+  const host::Shape shape = findShape(shapes, cells.table, "--cells");
+  if (shape.HasTable() == host::msoFalse) {
+    throw Failure(Exit::usage, "--cells: \"" + cells.table + "\" is no table; take a shape that is one");
+  }
+  const host::Table table = shape.Table();
+  bool replace = true;
+  for (const auto& [row, column] : cells.cells) {
+    if (row > table.Rows().Count() || column > table.Columns().Count()) {
+      throw Failure(Exit::usage, "--cells: the table has no cell " + std::to_string(row) + "," +
+                                     std::to_string(column) + "; it has " +
+                                     std::to_string(table.Rows().Count()) + " rows and " +
+                                     std::to_string(table.Columns().Count()) + " columns");
+    }
+    table.Cell(row, column).Select(replace);
+    replace = false;
+  }
+}
+
 void Session::save(const std::string& out) {
   const host::Presentation saved = presentation();
   const std::string path = out.empty() ? saved.FullName() : out;

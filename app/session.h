@@ -37,6 +37,7 @@ class Session {
   void selectShapes(const std::string& references);
   void selectSlides(const std::string& list);
   void selectText(const std::string& spot);
+  void selectCells(const std::string& spots);
   /// Selects these shapes in that order.
   void select(const std::vector<host::Shape>& shapes) { host_.selectShapes(shapes); }
 

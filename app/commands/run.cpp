@@ -24,11 +24,13 @@ void arrange(Session& session, const RunOptions& options) {
     if (!options.select.empty()) session.selectShapes(options.select);
     if (!options.slides.empty()) session.selectSlides(options.slides);
     if (!options.text.empty()) session.selectText(options.text);
+    if (!options.cells.empty()) session.selectCells(options.cells);
   } catch (const base::Error& error) {
     if (error.number() == base::errors::unspecific) throw deckFailure(options.deck, error);
     const std::string option = !options.select.empty()   ? "--select: "
                                : !options.slides.empty() ? "--slides: "
                                : !options.text.empty()   ? "--text: "
+                               : !options.cells.empty()  ? "--cells: "
                                                          : "--view: ";
     throw Failure(Exit::usage, option + error.description());
   }

@@ -16,6 +16,7 @@ struct RunOptions {
   std::string select;  ///< shapes in the order of selecting
   std::string slides;
   std::string text;
+  std::string cells;
   std::string view;
   std::string host = "14.0";
   std::vector<std::string> dialogs;

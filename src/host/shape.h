@@ -153,6 +153,8 @@ class Cell : public Handle {
   host::Shape Shape() const { return get<host::Shape>(member::Shape); }
   /// Whether the user selected it.
   bool Selected() const { return get<bool>(member::Selected); }
+  /// Makes the cell the selection, or adds it to the selected cells of its table.
+  void Select(bool replace = true) const { call(member::Select, triState(replace)); }
 };
 
 class TableLines : public Handle {

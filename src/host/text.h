@@ -78,10 +78,11 @@ class TextRange : public Handle {
   }
   int IndentLevel() const { return get<int>(member::IndentLevel); }  ///< 1 to 5, later hosts to 9
   void IndentLevel(int level) const { put(member::IndentLevel, level); }
-  float BoundWidth() const { return get<float>(member::BoundWidth); }  ///< points, laid out, without margins
-  float BoundHeight() const {
-    return get<float>(member::BoundHeight);
-  }  ///< points, laid out, without margins
+  // The laid out text without margins, in points on the slide, before the shape's rotation.
+  float BoundLeft() const { return get<float>(member::BoundLeft); }
+  float BoundTop() const { return get<float>(member::BoundTop); }
+  float BoundWidth() const { return get<float>(member::BoundWidth); }
+  float BoundHeight() const { return get<float>(member::BoundHeight); }
   int LanguageID() const { return get<int>(member::LanguageID); }
   void LanguageID(int id) const { put(member::LanguageID, id); }
   void Select() const { call(member::Select); }

@@ -7,6 +7,7 @@
 #include "deck/model/shape_frame.h"
 #include "deck/model/shape_node.h"
 #include "deck/model/shape_timing.h"
+#include "deck/model/table_cell.h"
 #include "host/constants.h"
 
 namespace vellumark::deck {
@@ -78,6 +79,17 @@ void selectText(const HostRef& host, const ShapeKey& shape, std::int32_t start, 
                         .shapes = {shape},
                         .textStart = start,
                         .textLength = length});
+}
+
+void selectCell(const HostRef& host, const ShapeKey& cell, bool replace) {
+  const ShapeKey table{cell.sheet, tableOf(cell.node)};
+  const WindowRef window = windowShowing(host, table);
+  SelectionState selection;
+  selection.type = host::ppSelectionShapes;
+  selection.shapes = {table};
+  if (!replace && window->selection.shapes == selection.shapes) selection.cells = window->selection.cells;
+  selection.cells.push_back(cell);
+  host->select(window, std::move(selection));
 }
 
 void deleteShapes(const HostRef& host, const std::vector<ShapeKey>& shapes) {

@@ -14,6 +14,10 @@ void selectShapes(const HostRef& host, const std::vector<ShapeKey>& shapes, bool
 /// Selects text in a shape; positions are UTF-16 units from 1.
 void selectText(const HostRef& host, const ShapeKey& shape, std::int32_t start, std::int32_t length);
 
+/// Selects a cell of a table, which is then the one selected shape, instead of or beside the cells of it that
+/// are selected already.
+void selectCell(const HostRef& host, const ShapeKey& cell, bool replace);
+
 /// Deletes shapes, each with the alternatives that it has for other programs, and what points to them: ends
 /// of connectors and animations. A group that becomes empty goes too, others shrink to what is left. Shapes
 /// that are deleted already are passed over.

@@ -119,6 +119,7 @@ xml_node presentationChild(xml_node parent, const char* name) {
 }
 
 xml_node nonVisual(xml_node shape) {
+  if (shapeElement(shape) == ShapeElement::none) return {};  // a table's cell
   if (xml_node found = shape.child(namesOf(shape).nonVisual)) return found;
   return shape.find_child([](xml_node child) {
     const std::string_view name = localName(child);

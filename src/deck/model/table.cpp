@@ -4,6 +4,7 @@
 
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
+#include "deck/model/shape_actions.h"
 #include "deck/model/table_cell.h"
 #include "deck/model/text_frame.h"
 #include "host/constants.h"
@@ -57,6 +58,7 @@ class CellObject : public ModelObject<CellObject> {
     static const MemberTable<CellObject> table{
         property<&CellObject::shape>(member::Shape),
         property<&CellObject::selected>(member::Selected),
+        method<&CellObject::select>(member::Select, 0, 1),
     };
     return table;
   }
@@ -70,6 +72,9 @@ class CellObject : public ModelObject<CellObject> {
   bool selected() {
     const WindowRef window = host()->windowOf(cell_.sheet.document);
     return window && std::ranges::find(window->selection.cells, cell_) != window->selection.cells.end();
+  }
+  void select(Arguments arguments) {
+    selectCell(host(), cell_, argumentOr<std::int32_t>(arguments, 0, host::msoTrue) != 0);
   }
 
  private:

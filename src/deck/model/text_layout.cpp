@@ -256,17 +256,15 @@ class TextLayout::ParagraphBuilder {
     line_ = {};
   }
   void align() {
-    const std::string_view alignment = styles_.paragraph(own_, "algn").value();
-    const double share = alignment == "ctr" ? 0.5 : alignment == "r" ? 1 : 0;
-    if (share == 0) return;
     double end = startX_;
     for (const Fragment& fragment : line_.fragments) {
       if (!isBlank(text(fragment.span).front())) end = fragment.left + fragment.width;
     }
-    const double width = std::isfinite(available_) ? available_ : 0;
-    const double shift = (width - end) * share;
+    layout_.width_ = std::max(layout_.width_, end);
+    const std::string_view alignment = styles_.paragraph(own_, "algn").value();
+    const double share = alignment == "ctr" ? 0.5 : alignment == "r" ? 1 : 0;
+    const double shift = ((std::isfinite(available_) ? available_ : 0) - end) * share;
     for (Fragment& fragment : line_.fragments) fragment.left += shift;
-    if (line_.fragments.empty()) return;
   }
 
   static constexpr double tolerance = 0.01;
@@ -332,8 +330,6 @@ void TextLayout::place(const ShapeKey& shape) {
   const std::string_view anchor = boxProperty(shape, BoxProperty::anchor).value();
   shiftY_ = anchor == "ctr" ? (across - height_) / 2 : anchor == "b" ? across - height_ : 0;
 }
-
-double TextLayout::width() const { return bounds({0, body_.text().size()}).width; }
 
 TextBounds TextLayout::bounds(TextSpan span) const {
   constexpr double far = std::numeric_limits<double>::infinity();

@@ -23,8 +23,8 @@ class TextLayout {
  public:
   explicit TextLayout(const ShapeKey& shape);
 
-  /// What the laid out lines take up, blanks at line ends left out.
-  double width() const;
+  /// What the lines take up, indents counted in and blanks at line ends left out.
+  double width() const { return width_; }
   double height() const { return height_; }
 
   /// Where part of the text stands on the slide before the shape's rotation.
@@ -54,6 +54,7 @@ class TextLayout {
 
   TextBody body_;
   std::vector<Line> lines_;
+  double width_ = 0;
   double height_ = 0;
   Box box_{};
   double shiftX_ = 0;  ///< from the box to the block of lines
