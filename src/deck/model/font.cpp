@@ -96,8 +96,8 @@ class FontObject : public TextTarget<FontObject> {
     place.deleted = [shape = shape()] { return shape.deleted(); };
     // The colour of the first character stands for all.
     place.find = [shape = shape(), span = span()]() -> ColorPlace::Found {
-      const TextBody body(shape);
-      const std::vector<TextBody::Format> formats = body.formats(body.clipped(span));
+      const auto body = currentText(shape);
+      const std::vector<TextBody::Format> formats = body->formats(body->clipped(span));
       const TextBody::Format first = formats.empty() ? TextBody::Format() : formats.front();
       return {characterColor(shape, LevelStyles(shape, paragraphLevel(first.paragraph)), first.properties),
               {}};
@@ -133,9 +133,9 @@ host::ObjectRef makeFont(const HostRef& host, const ShapeKey& shape, TextSpan sp
 }
 
 std::int32_t languageOf(const ShapeKey& shape, TextSpan span) {
-  const TextBody body(shape);
+  const auto body = currentText(shape);
   std::optional<std::int32_t> language;
-  for (const TextBody::Format& format : body.formats(body.clipped(span))) {
+  for (const TextBody::Format& format : body->formats(body->clipped(span))) {
     const LevelStyles styles(shape, paragraphLevel(format.paragraph));
     const std::int32_t id = styles.run(format.properties, "noProof").as_bool()
                                 ? noProofing

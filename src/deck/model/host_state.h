@@ -26,7 +26,7 @@ struct SelectionState {
   std::vector<std::int32_t> slides;  ///< slide ids
   std::vector<ShapeKey> shapes;
   std::vector<ShapeKey> cells{};  ///< selected cells of a selected table
-  std::int32_t textStart = 1;   ///< UTF-16 units from 1
+  std::int32_t textStart = 1;     ///< UTF-16 units from 1
   std::int32_t textLength = 0;
 };
 

@@ -140,12 +140,12 @@ host::ObjectRef makeParagraphFormat2(const HostRef& host, const ShapeKey& shape,
 }
 
 std::int32_t indentLevelOf(const ShapeKey& shape, TextSpan span) {
-  const TextBody body(shape);
-  if (body.paragraphs().empty()) return 1;
-  const auto [first, last] = body.paragraphsIn(body.clipped(span));
-  const int level = paragraphLevel(body.paragraphs()[first].node);
+  const auto body = currentText(shape);
+  if (body->paragraphs().empty()) return 1;
+  const auto [first, last] = body->paragraphsIn(body->clipped(span));
+  const int level = paragraphLevel(body->paragraphs()[first].node);
   for (std::size_t i = first; i <= last; ++i) {
-    if (paragraphLevel(body.paragraphs()[i].node) != level) return host::mixed;
+    if (paragraphLevel(body->paragraphs()[i].node) != level) return host::mixed;
   }
   return level;
 }

@@ -89,6 +89,7 @@ class RulerLevelObject : public RulerPart<RulerLevelObject> {
   }
 
   void write(const Margins& margins) {
+    if (margins == read()) return;
     xml_node body = requireTextBody(shape().node);
     const std::string name = "a:lvl" + std::to_string(level_) + "pPr";
     xml_node list = body.child("a:lstStyle");
@@ -107,12 +108,15 @@ class RulerLevelObject : public RulerPart<RulerLevelObject> {
       setAttribute(node, "indent", static_cast<long long>(margins.first - margins.left));
     };
     set(style);
+    bool used = false;
     for (xml_node paragraph : body.children("a:p")) {
       if (!isOwn(paragraph)) continue;
+      used = true;
       const xml_node properties = paragraph.child("a:pPr");
       set(properties ? properties : paragraph.prepend_child("a:pPr"));
     }
-    textChanged(shape());
+    // A level that no paragraph has moves no text.
+    used ? textChanged(shape()) : shape().sheet.touch();
   }
 
   int level_;

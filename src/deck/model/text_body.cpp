@@ -320,4 +320,22 @@ void TextBody::changeParagraphs(TextSpan wanted, const std::function<void(xml_no
   }
 }
 
+// Programs ask for one character or word after the other: the text read last is likely the one asked for
+// next.
+std::shared_ptr<const TextBody> currentText(const ShapeKey& shape) {
+  struct Last {
+    std::weak_ptr<Part> part;
+    xml_node node;
+    std::uint64_t revision = 0;
+    std::shared_ptr<const TextBody> body;
+  };
+  static Last last;
+  const std::uint64_t revision = shape.sheet.part->revision();
+  if (!last.body || last.node != shape.node || last.revision != revision ||
+      last.part.lock() != shape.sheet.part) {
+    last = {shape.sheet.part, shape.node, revision, std::make_shared<const TextBody>(shape)};
+  }
+  return last.body;
+}
+
 }  // namespace vellumark::deck

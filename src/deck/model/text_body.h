@@ -2,6 +2,7 @@
 // The text of a shape as characters over its paragraphs and runs.
 
 #include <functional>
+#include <memory>
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
@@ -84,5 +85,8 @@ class TextBody {
   std::u16string text_;
   std::vector<TextParagraph> paragraphs_;
 };
+
+/// The text of a shape as it stands now, read anew only where its sheet was changed since.
+std::shared_ptr<const TextBody> currentText(const ShapeKey& shape);
 
 }  // namespace vellumark::deck

@@ -53,9 +53,9 @@ class TextFrameObject : public ModelObject<TextFrameObject> {
     if (shape_.deleted()) base::raise(base::errors::invalidRequest);
   }
 
-  std::int32_t hasText() { return TextBody(shape_).text().empty() ? host::msoFalse : host::msoTrue; }
+  std::int32_t hasText() { return currentText(shape_)->text().empty() ? host::msoFalse : host::msoTrue; }
   host::ObjectRef textRange() {
-    return makeTextRange(host(), shape_, 1, static_cast<std::int32_t>(TextBody(shape_).text().size()));
+    return makeTextRange(host(), shape_, 1, static_cast<std::int32_t>(currentText(shape_)->text().size()));
   }
   host::ObjectRef ruler() { return makeRuler(host(), shape_); }
 
@@ -146,7 +146,7 @@ class TextFrame2Object : public ModelObject<TextFrame2Object> {
     if (shape_.deleted()) base::raise(base::errors::invalidRequest);
   }
 
-  std::int32_t hasText() { return TextBody(shape_).text().empty() ? host::msoFalse : host::msoTrue; }
+  std::int32_t hasText() { return currentText(shape_)->text().empty() ? host::msoFalse : host::msoTrue; }
   host::ObjectRef textRange() { return makeTextRange2(host(), shape_); }
   host::ObjectRef parent() { return makeShape(host(), shape_); }
 

@@ -61,21 +61,23 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
   }
 
   std::string text() {
-    const TextBody body(shape_);
-    const TextSpan span = body.clipped(span_);
-    return base::fromUtf16(std::u16string_view(body.text()).substr(span.start, span.length));
+    const auto body = currentText(shape_);
+    const TextSpan span = body->clipped(span_);
+    return base::fromUtf16(std::u16string_view(body->text()).substr(span.start, span.length));
   }
   void setText(const std::string& text) {
     span_ = TextBody(shape_).replace(span_, storableText(base::toUtf16(text)));
     textChanged(shape_);
   }
-  std::int32_t start() { return static_cast<std::int32_t>(TextBody(shape_).clipped(span_).start) + 1; }
-  std::int32_t length() { return static_cast<std::int32_t>(TextBody(shape_).clipped(span_).length); }
+  std::int32_t start() { return static_cast<std::int32_t>(currentText(shape_)->clipped(span_).start) + 1; }
+  std::int32_t length() { return static_cast<std::int32_t>(currentText(shape_)->clipped(span_).length); }
 
   /// How many units of the kind that the range was asked for it holds; 1 for a range by itself.
   std::int32_t count() {
-    const TextBody body(shape_);
-    return static_cast<std::int32_t>(textUnits(body, unit_, body.clipped(span_)).size());
+    const auto body = currentText(shape_);
+    const TextSpan span = body->clipped(span_);
+    if (unit_ == TextUnit::characters) return static_cast<std::int32_t>(span.length);
+    return static_cast<std::int32_t>(textUnits(*body, unit_, span).size());
   }
 
   /// `length` units from `start`; all without arguments, one for a start alone, the first ones for a length
@@ -84,14 +86,18 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
   host::ObjectRef units(Arguments arguments) {
     const std::int32_t start = argumentOr<std::int32_t>(arguments, 0, -1);
     const std::int32_t length = argumentOr<std::int32_t>(arguments, 1, -1);
-    const TextBody body(shape_);
-    const TextSpan span = body.clipped(span_);
-    const std::vector<TextSpan> all = textUnits(body, unit, span);
-    if (all.empty() || (start < 1 && length < 0)) return part(span, unit);
-    const std::size_t first = std::min<std::size_t>(start < 1 ? 0 : start - 1, all.size() - 1);
-    const std::size_t number = std::min<std::size_t>(length < 0 ? 1 : length, all.size() - first);
-    const std::size_t begin = all[first].start;
-    return part({begin, number == 0 ? 0 : all[first + number - 1].end() - begin}, unit);
+    const auto body = currentText(shape_);
+    const TextSpan span = body->clipped(span_);
+    if (start < 1 && length < 0) return part(span, unit);
+    if constexpr (unit == TextUnit::characters) {
+      const TextSpan found = stretch(start, length, span.length);
+      return part({span.start + found.start, found.length}, unit);
+    }
+    const std::vector<TextSpan> all = textUnits(*body, unit, span);
+    if (all.empty()) return part(span, unit);
+    const TextSpan found = stretch(start, length, all.size());
+    const std::size_t begin = all[found.start].start;
+    return part({begin, found.length == 0 ? 0 : all[found.end() - 1].end() - begin}, unit);
   }
 
   /// The text that was inserted; this range then holds it too.
@@ -131,10 +137,16 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
 
   template <double TextBounds::*part>
   float bound() {
-    return static_cast<float>(TextLayout(shape_).bounds(TextBody(shape_).clipped(span_)).*part);
+    return static_cast<float>(TextLayout(shape_).bounds(currentText(shape_)->clipped(span_)).*part);
   }
 
  private:
+  /// Which of `count` units are meant, counted from 0.
+  static TextSpan stretch(std::int32_t start, std::int32_t length, std::size_t count) {
+    if (count == 0) return {};
+    const std::size_t first = std::min<std::size_t>(start < 1 ? 0 : start - 1, count - 1);
+    return {first, std::min<std::size_t>(length < 0 ? 1 : length, count - first)};
+  }
   host::ObjectRef part(TextSpan span, TextUnit unit) const {
     return std::make_shared<TextRangeObject>(host(), shape_, span, unit, later_);
   }
@@ -167,7 +179,7 @@ host::ObjectRef makeTextRange(const HostRef& host, const ShapeKey& shape, std::i
 }
 
 host::ObjectRef makeTextRange2(const HostRef& host, const ShapeKey& shape) {
-  return std::make_shared<TextRangeObject>(host, shape, TextSpan{0, TextBody(shape).text().size()},
+  return std::make_shared<TextRangeObject>(host, shape, TextSpan{0, currentText(shape)->text().size()},
                                            TextUnit::whole, true);
 }
 

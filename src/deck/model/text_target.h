@@ -29,8 +29,8 @@ class TextTarget : public ModelObject<T> {
   template <typename Read>
   auto common(Read read) const {
     using Result = decltype(read(std::declval<const LevelStyles&>(), pugi::xml_node(), pugi::xml_node()));
-    const TextBody body(shape_);
-    std::vector<TextBody::Format> formats = body.formats(body.clipped(span_));
+    const auto body = currentText(shape_);
+    std::vector<TextBody::Format> formats = body->formats(body->clipped(span_));
     if (formats.empty()) formats.emplace_back();
     std::optional<LevelStyles> styles;
     int level = 0;
@@ -50,15 +50,15 @@ class TextTarget : public ModelObject<T> {
   template <typename Read>
   auto commonParagraph(Read read) const {
     using Result = decltype(read(std::declval<const LevelStyles&>(), pugi::xml_node()));
-    const TextBody body(shape_);
+    const auto body = currentText(shape_);
     std::optional<Result> value;
-    if (body.paragraphs().empty()) {
+    if (body->paragraphs().empty()) {
       value = read(LevelStyles(shape_, 1), pugi::xml_node());
       return value;
     }
-    const auto [first, last] = body.paragraphsIn(body.clipped(span_));
+    const auto [first, last] = body->paragraphsIn(body->clipped(span_));
     for (std::size_t i = first; i <= last; ++i) {
-      const pugi::xml_node paragraph = body.paragraphs()[i].node;
+      const pugi::xml_node paragraph = body->paragraphs()[i].node;
       Result next = read(LevelStyles(shape_, paragraphLevel(paragraph)), paragraph);
       if (value && *value != next) return std::optional<Result>();
       value = std::move(next);

@@ -2,6 +2,7 @@
 // One part of a package: XML parsed on first use, or bytes; its relationships; the graveyard of deleted
 // nodes.
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <pugixml.hpp>
@@ -32,7 +33,12 @@ class Part {
   std::string bytes();
 
   /// Says that the XML was changed; only touched parts are written anew.
-  void touch() { changed_ = true; }
+  void touch() {
+    changed_ = true;
+    ++revision_;
+  }
+  /// How often the XML was changed; what was read at the same revision is still true.
+  std::uint64_t revision() const { return revision_; }
   bool changed() const { return changed_; }
   bool parsed() const { return document_ != nullptr; }
   /// Whether the part was taken out of its package; its nodes then count as deleted.
@@ -73,6 +79,7 @@ class Part {
   pugi::xml_node graveyard_;
   std::unique_ptr<Relationships> relationships_;  ///< read on first use
   bool changed_ = false;
+  std::uint64_t revision_ = 0;
   bool removed_ = false;
 };
 
