@@ -199,39 +199,45 @@ std::unique_ptr<Package> newPresentation() {
   return package;
 }
 
+pugi::xml_node appendPlaceholder(pugi::xml_node tree, pugi::xml_node model, std::int32_t id) {
+  // The name is the layout's with the number that fits the new id: "Content Placeholder 2".
+  std::string name = model.child("p:nvSpPr").child("p:cNvPr").attribute("name").value();
+  name.erase(name.find_last_not_of("0123456789") + 1);
+  while (!name.empty() && name.back() == ' ') name.pop_back();
+  const pugi::xml_node extensions = tree.child("p:extLst");
+  pugi::xml_node made = extensions ? tree.insert_child_before("p:sp", extensions) : tree.append_child("p:sp");
+  pugi::xml_node properties = made.append_child("p:nvSpPr");
+  pugi::xml_node common = properties.append_child("p:cNvPr");
+  common.append_attribute("id").set_value(id);
+  common.append_attribute("name").set_value((name + " " + std::to_string(id - 1)).c_str());
+  properties.append_child("p:cNvSpPr").append_child("a:spLocks").append_attribute("noGrp").set_value(1);
+  const pugi::xml_node placeholder = model.child("p:nvSpPr").child("p:nvPr").child("p:ph");
+  pugi::xml_node ph = properties.append_child("p:nvPr").append_child("p:ph");
+  for (const char* attribute : {"type", "orient", "sz", "idx"}) {
+    if (placeholder.attribute(attribute)) {
+      ph.append_attribute(attribute).set_value(placeholder.attribute(attribute).value());
+    }
+  }
+  made.append_child("p:spPr");
+  pugi::xml_node body = made.append_child("p:txBody");
+  body.append_child("a:bodyPr");
+  body.append_child("a:lstStyle");
+  body.append_child("a:p");
+  return made;
+}
+
 std::string newSlideXml(pugi::xml_node layout) {
   pugi::xml_document document;
   const std::string empty =
       sheetXml("sld", "", "", "", {}, "<p:clrMapOvr><a:masterClrMapping/></p:clrMapOvr>");
   document.load_string(empty.c_str(), pugi::parse_full);
-  pugi::xml_node tree = document.document_element().child("p:cSld").child("p:spTree");
-  int id = 2;
-  for (pugi::xml_node shape : layout.child("p:cSld").child("p:spTree").children("p:sp")) {
+  const pugi::xml_node tree = document.document_element().child("p:cSld").child("p:spTree");
+  std::int32_t id = 2;
+  for (const pugi::xml_node shape : layout.child("p:cSld").child("p:spTree").children("p:sp")) {
     const pugi::xml_node placeholder = shape.child("p:nvSpPr").child("p:nvPr").child("p:ph");
     const std::string_view type = placeholder.attribute("type").value();
     if (!placeholder || type == "dt" || type == "ftr" || type == "sldNum" || type == "hdr") continue;
-    // The name is the layout's with the number that fits the new id: "Content Placeholder 2".
-    std::string name = shape.child("p:nvSpPr").child("p:cNvPr").attribute("name").value();
-    name.erase(name.find_last_not_of("0123456789") + 1);
-    while (!name.empty() && name.back() == ' ') name.pop_back();
-    pugi::xml_node made = tree.append_child("p:sp");
-    pugi::xml_node properties = made.append_child("p:nvSpPr");
-    pugi::xml_node common = properties.append_child("p:cNvPr");
-    common.append_attribute("id").set_value(id);
-    common.append_attribute("name").set_value((name + " " + std::to_string(id - 1)).c_str());
-    properties.append_child("p:cNvSpPr").append_child("a:spLocks").append_attribute("noGrp").set_value(1);
-    pugi::xml_node ph = properties.append_child("p:nvPr").append_child("p:ph");
-    for (const char* attribute : {"type", "orient", "sz", "idx"}) {
-      if (placeholder.attribute(attribute)) {
-        ph.append_attribute(attribute).set_value(placeholder.attribute(attribute).value());
-      }
-    }
-    made.append_child("p:spPr");
-    pugi::xml_node body = made.append_child("p:txBody");
-    body.append_child("a:bodyPr");
-    body.append_child("a:lstStyle");
-    body.append_child("a:p");
-    ++id;
+    appendPlaceholder(tree, shape, id++);
   }
   std::ostringstream out;
   document.save(out, "", pugi::format_raw);

@@ -15,6 +15,10 @@ inline constexpr const char* slideContentType =
 /// A presentation of 960 by 540 points with one master, its theme and the usual layouts, and no slides.
 std::unique_ptr<Package> newPresentation();
 
+/// A placeholder in front of the shapes of a tree that stands for one of the layout (`model`): its kind, no
+/// frame and no text of its own.
+pugi::xml_node appendPlaceholder(pugi::xml_node tree, pugi::xml_node model, std::int32_t id);
+
 /// The XML of an empty slide on a layout: the layout's placeholders but date, footer and slide number.
 std::string newSlideXml(pugi::xml_node layout);
 

@@ -1,12 +1,17 @@
 #include "deck/model/shape_creation.h"
 
+#include <algorithm>
 #include <cmath>
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/error.h"
 #include "deck/model/autoshape_types.h"
+#include "deck/model/new_presentation.h"
+#include "deck/model/objects.h"
+#include "deck/model/placeholder.h"
 #include "deck/model/shape_frame.h"
 #include "deck/model/shape_node.h"
 #include "deck/model/units.h"
@@ -94,6 +99,12 @@ ShapeKey appendShape(const Sheet& sheet, const std::string& name, std::string_vi
   return shape;
 }
 
+bool sameKind(std::int32_t a, std::int32_t b) {
+  constexpr std::int32_t titles[] = {1, 3, 5};
+  const auto isTitle = [&](std::int32_t type) { return std::ranges::find(titles, type) != std::end(titles); };
+  return a == b || (isTitle(a) && isTitle(b));
+}
+
 }  // namespace
 
 ShapeKey addAutoShape(const Sheet& sheet, std::int32_t type, const NewFrame& frame) {
@@ -119,6 +130,29 @@ ShapeKey addTextBox(const Sheet& sheet, std::int32_t orientation, const NewFrame
   body.append_attribute("wrap").set_value("square");
   body.append_attribute("rtlCol").set_value("0");
   body.append_child("a:spAutoFit");
+  return shape;
+}
+
+ShapeKey addPlaceholder(const Sheet& sheet, std::int32_t type) {
+  const Sheet layout = sheet.parent();
+  std::vector<xml_node> free;
+  if (layout) {
+    for (const xml_node model : shapeNodes(layout.shapeTree())) {
+      const xml_node element = placeholderElement(model);
+      if (element && sameKind(placeholderType(element), type)) free.push_back(model);
+    }
+    for (const ShapeKey& shape : shapesOf(sheet)) {
+      const ShapeKey used = inheritedPlaceholder(shape);
+      std::erase(free, used.node);
+    }
+  }
+  if (free.empty()) {
+    base::raise(base::errors::invalidRequest,
+                "Shapes.AddPlaceholder: Invalid request. The slide has lost no placeholder of that type.");
+  }
+  declareDrawing(sheet.part->root());
+  const ShapeKey shape{sheet, appendPlaceholder(sheet.shapeTree(), free.front(), freeShapeId(sheet))};
+  sheet.touch();
   return shape;
 }
 

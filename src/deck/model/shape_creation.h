@@ -23,4 +23,8 @@ ShapeKey addAutoShape(const Sheet& sheet, std::int32_t type, const NewFrame& fra
 /// (1 horizontal, 2 upward, 3 downward, ...).
 ShapeKey addTextBox(const Sheet& sheet, std::int32_t orientation, const NewFrame& frame);
 
+/// Brings back a placeholder of the layout that a slide has lost. "Invalid request." where the slide has all
+/// of that type (PpPlaceholderType) that its layout has. It lies as on the layout.
+ShapeKey addPlaceholder(const Sheet& sheet, std::int32_t type);
+
 }  // namespace vellumark::deck

@@ -3,6 +3,7 @@
 #include "deck/model/shapes.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -138,6 +139,7 @@ class ShapesObject : public ShapeCollection<ShapesObject> {
         method<&ShapesObject::range, ShapesObject>(member::Range, 0, mostOfRange),
         method<&ShapesObject::addShape>(member::AddShape, 5),
         method<&ShapesObject::addTextBox>(member::AddTextbox, 3, 5),
+        method<&ShapesObject::addPlaceholder>(member::AddPlaceholder, 1, 5),
         property<&ShapesObject::placeholders>(member::Placeholders),
         property<&ShapesObject::hasTitle>(member::HasTitle),
         property<&ShapesObject::title>(member::Title),
@@ -154,6 +156,16 @@ class ShapesObject : public ShapeCollection<ShapesObject> {
   }
   host::ObjectRef addTextBox(Arguments arguments) {
     return makeShape(host(), deck::addTextBox(sheet(), arguments[0].toInt(), frame(arguments)));
+  }
+  /// A measure that is left out or -1 is the layout's.
+  host::ObjectRef addPlaceholder(Arguments arguments) {
+    host::ObjectRef shape = makeShape(host(), deck::addPlaceholder(sheet(), arguments[0].toInt()));
+    static constexpr Member measures[] = {member::Left, member::Top, member::Width, member::Height};
+    for (std::size_t i = 0; i < std::size(measures); ++i) {
+      const float points = argumentOr(arguments, i + 1, -1.0F);
+      if (points != -1) shape->invoke(measures[i], Invoke::put, std::array{Value(points)});
+    }
+    return shape;
   }
   host::ObjectRef placeholders() { return std::make_shared<PlaceholdersObject>(host(), sheet()); }
   std::int32_t hasTitle() { return titleNode() ? host::msoTrue : host::msoFalse; }

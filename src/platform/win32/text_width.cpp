@@ -19,7 +19,7 @@ class Measured {
   explicit Measured(const FontFace& face) : context_(CreateCompatibleDC(nullptr)) {
     font_ = CreateFontW(-em, 0, 0, 0, face.bold ? FW_BOLD : FW_NORMAL, face.italic, FALSE, FALSE,
                         DEFAULT_CHARSET, OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY,
-                        DEFAULT_PITCH | FF_DONTCARE, toWide(face.family).c_str());
+                        DEFAULT_PITCH | FF_DONTCARE, win32::toWide(face.family).c_str());
     before_ = SelectObject(context_, font_);
   }
   ~Measured() {

@@ -331,5 +331,24 @@ TEST_F(ShapeTest, WalksThroughDecksFromElsewhere) {
   }
 }
 
+TEST_F(ShapeTest, ALostPlaceholderComesBackWhereTheLayoutHasIt) {
+  auto slide = deck.slide("titleOnly");
+  slide.placeholder("title").named("T").text("x");
+  open();
+  const auto add = [&] { return shapes().AddPlaceholder(host::ppPlaceholderTitle); };
+  EXPECT_EQ(errorOf(add), base::errors::invalidRequest);
+  const float left = shape("T").Left();
+  shape("T").Delete();
+  EXPECT_EQ(shapes().Placeholders().Count(), 0);
+  EXPECT_EQ(add().Left(), left);
+  EXPECT_EQ(errorOf(add), base::errors::invalidRequest);
+  EXPECT_EQ(errorOf([&] { shapes().AddPlaceholder(host::ppPlaceholderBody); }), base::errors::invalidRequest);
+  reopen();
+  ASSERT_EQ(shapes().Placeholders().Count(), 1);
+  EXPECT_EQ(shapes().Item(1).PlaceholderFormat().Type(), 1);
+  shapes().Item(1).Delete();
+  EXPECT_EQ(shapes().AddPlaceholder(host::ppPlaceholderTitle, 10, 20, 300, -1).Width(), 300);
+}
+
 }  // namespace
 }  // namespace vellumark::test
