@@ -10,6 +10,7 @@
 #include "base/error.h"
 #include "commands/commands.h"
 #include "commands/demo.h"
+#include "commands/ribbon.h"
 #include "commands/run.h"
 #include "commands/show.h"
 #include "console.h"
@@ -56,6 +57,15 @@ Examples:
   vellumark run alignWidths deck.pptx --host 11.0 --select '@1,@2' -o out.pptx
                                            as the button of a toolbar, on a host before the ribbon)";
 
+const char* const ribbonHelp =
+    R"(Each control with its number, its key tip, and the state that it has for the selection; without DECK no window is
+open.
+
+Examples:
+  vellumark ribbon
+  vellumark ribbon deck.pptx --slide 3 --select 'Box 1,Box 2'
+  vellumark ribbon deck.pptx --slides 2-4 --json)";
+
 const char* const demoHelp =
     R"(Takes the first slide with enough shapes, brings the row on it in line, makes it equally wide and closes its gaps.
 
@@ -91,6 +101,41 @@ void addCommands(CLI::App& program, bool& json) {
   describe(commands, commandsHelp);
 }
 
+/// The options that select something in a deck's window.
+void addSituation(CLI::App& command, Situation& situation) {
+  command.add_option("--slide", situation.slide, "The slide in view (default 1)")->option_text("N");
+  CLI::Option* select =
+      command.add_option("--select", situation.select, selectDescription)->option_text("A,B,C");
+  CLI::Option* slides = command.add_option("--slides", situation.slides, "Select slides instead")
+                            ->option_text("2,4-6")
+                            ->excludes(select);
+  CLI::Option* text =
+      command.add_option("--text", situation.text, "Select text in a shape, characters from 1")
+          ->option_text("SHAPE:START,LENGTH")
+          ->excludes(select)
+          ->excludes(slides);
+  command.add_option("--cells", situation.cells, "Select cells of a table, rows and columns from 1")
+      ->option_text("TABLE:ROW,COLUMN;...")
+      ->excludes(select)
+      ->excludes(slides)
+      ->excludes(text);
+  command.add_option("--view", situation.view, viewDescription)->option_text("TYPE");
+  command
+      .add_option("--host", situation.host, "The version that the host reports: 9.0 to 16.0 (default 14.0)")
+      ->option_text("VERSION")
+      ->check(CLI::IsMember({"9.0", "10.0", "11.0", "12.0", "14.0", "15.0", "16.0"}));
+}
+
+void addRibbon(CLI::App& program, RibbonOptions& options) {
+  CLI::App& ribbon = *program.add_subcommand("ribbon", "Show the add-in's tab on the ribbon");
+  ribbon.add_option("DECK", options.deck, "The presentation, a .pptx file")->option_text(" ");
+  addSituation(ribbon, options);
+  ribbon.add_option("--root", options.root, "The installation (default: the program's own)")
+      ->option_text("DIR");
+  ribbon.add_flag("--json", options.json, "As JSON");
+  describe(ribbon, ribbonHelp);
+}
+
 void addRun(CLI::App& program, RunOptions& options) {
   CLI::App& run = *program.add_subcommand("run", "Run a command on a deck");
   run.add_option("COMMAND", options.command, "What to run")->required()->option_text(" ");
@@ -99,24 +144,7 @@ void addRun(CLI::App& program, RunOptions& options) {
   run.add_flag("--in-place", options.inPlace, "Write the result over the deck")
       ->excludes(out)
       ->option_text(" ");
-  run.add_option("--slide", options.slide, "The slide in view (default 1)")->option_text("N");
-  CLI::Option* select = run.add_option("--select", options.select, selectDescription)->option_text("A,B,C");
-  CLI::Option* slides = run.add_option("--slides", options.slides, "Select slides instead")
-                            ->option_text("2,4-6")
-                            ->excludes(select);
-  CLI::Option* text = run.add_option("--text", options.text, "Select text in a shape, characters from 1")
-                          ->option_text("SHAPE:START,LENGTH")
-                          ->excludes(select)
-                          ->excludes(slides);
-  run.add_option("--cells", options.cells, "Select cells of a table, rows and columns from 1")
-      ->option_text("TABLE:ROW,COLUMN;...")
-      ->excludes(select)
-      ->excludes(slides)
-      ->excludes(text);
-  run.add_option("--view", options.view, viewDescription)->option_text("TYPE");
-  run.add_option("--host", options.host, "The version that the host reports: 9.0 to 16.0 (default 14.0)")
-      ->option_text("VERSION")
-      ->check(CLI::IsMember({"9.0", "10.0", "11.0", "12.0", "14.0", "15.0", "16.0"}));
+  addSituation(run, options);
   run.add_option("--dialog", options.dialogs, dialogDescription)
       ->option_text("SCRIPT")
       ->allow_extra_args(false);
@@ -152,6 +180,8 @@ Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surro
   addShow(program, showOptions);
   addCommands(program, commandsJson);
   addRun(program, runOptions);
+  RibbonOptions ribbonOptions;
+  addRibbon(program, ribbonOptions);
   addDemo(program, demoOptions);
 
   const auto chosen = [&] { return program.get_subcommands(); };
@@ -175,6 +205,7 @@ Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surro
   if (subcommand == "show") return show(showOptions);
   if (subcommand == "commands") return listCommands(commandsJson);
   if (subcommand == "run") return run(runOptions, surroundings);
+  if (subcommand == "ribbon") return ribbon(ribbonOptions, surroundings);
   return demo(demoOptions, surroundings);
 }
 

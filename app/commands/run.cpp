@@ -2,7 +2,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include "arguments.h"
 #include "boxes.h"
 #include "console.h"
 #include "deck_report.h"
@@ -14,27 +13,6 @@
 
 namespace vellumark::app {
 namespace {
-
-/// Brings the window to where the command line wants it. What the host refuses here was asked for wrongly,
-/// unless the deck is broken.
-void arrange(Session& session, const RunOptions& options) {
-  try {
-    session.goToSlide(options.slide);
-    if (!options.view.empty()) session.showView(parseView(options.view));
-    if (!options.select.empty()) session.selectShapes(options.select);
-    if (!options.slides.empty()) session.selectSlides(options.slides);
-    if (!options.text.empty()) session.selectText(options.text);
-    if (!options.cells.empty()) session.selectCells(options.cells);
-  } catch (const base::Error& error) {
-    if (error.number() == base::errors::unspecific) throw deckFailure(options.deck, error);
-    const std::string option = !options.select.empty()   ? "--select: "
-                               : !options.slides.empty() ? "--slides: "
-                               : !options.text.empty()   ? "--text: "
-                               : !options.cells.empty()  ? "--cells: "
-                                                         : "--view: ";
-    throw Failure(Exit::usage, option + error.description());
-  }
-}
 
 std::string written(const RunOptions& options) {
   if (options.out.empty() && !options.inPlace) return "nothing written: give -o OUT or --in-place\n";
@@ -58,7 +36,6 @@ Exit run(const RunOptions& options, const Surroundings& surroundings) {
 
   const auto questions = surroundings.questions(options.dialogs, options.answers);
   Session session(options.host, surroundings.addIn(root));
-  session.open(options.deck);
   arrange(session, options);
 
   const std::vector<Snapshot> before = takeSnapshots(session.shapesInView());

@@ -3,22 +3,15 @@
 #include <string>
 #include <vector>
 
+#include "situation.h"
 #include "surroundings.h"
 
 namespace vellumark::app {
 
-struct RunOptions {
+struct RunOptions : Situation {
   std::string command;
-  std::string deck;
   std::string out;
   bool inPlace = false;
-  int slide = 1;
-  std::string select;  ///< shapes in the order of selecting
-  std::string slides;
-  std::string text;
-  std::string cells;
-  std::string view;
-  std::string host = "14.0";
   std::vector<std::string> dialogs;
   std::vector<std::string> answers;
   std::string root;

@@ -12,10 +12,20 @@ using host::IRibbonControl;
 using host::Value;
 using Arguments = std::span<const Value>;
 
+/// Counts and places are 16-bit in the system.
+template <typename T>
+Value answer(T value) {
+  if constexpr (std::is_same_v<T, std::int16_t>) {
+    return Value(std::int32_t{value});
+  } else {
+    return Value(std::move(value));
+  }
+}
+
 /// A callback that takes a control and answers.
 template <auto Method>
 Value ask(Connect& connect, Arguments arguments) {
-  return Value((connect.*Method)(IRibbonControl(arguments[0].toObject())));
+  return answer((connect.*Method)(IRibbonControl(arguments[0].toObject())));
 }
 
 /// A callback that takes a control and answers nothing.
@@ -23,6 +33,12 @@ template <auto Method>
 Value tell(Connect& connect, Arguments arguments) {
   (connect.*Method)(IRibbonControl(arguments[0].toObject()));
   return {};
+}
+
+/// A callback of a list: the control and a place in it.
+template <auto Method>
+Value askItem(Connect& connect, Arguments arguments) {
+  return answer((connect.*Method)(IRibbonControl(arguments[0].toObject()), arguments[1].toInt()));
 }
 
 constexpr Callback all[] = {
@@ -42,6 +58,17 @@ constexpr Callback all[] = {
     {"getVisible", 1, ask<&Connect::getVisible>},
     {"getLabel", 1, ask<&Connect::getLabel>},
     {"getPressed", 1, ask<&Connect::getPressed>},
+    {"getImage", 1, ask<&Connect::getImage>},
+    {"copyright_getContent", 1, ask<&Connect::copyright_getContent>},
+    {"style_getItemCount", 1, ask<&Connect::style_getItemCount>},
+    {"style_getItemLabel", 2, askItem<&Connect::style_getItemLabel>},
+    {"style_getSelectedItemIndex", 1, ask<&Connect::style_getSelectedItemIndex>},
+    {"style_onAction", 3,
+     [](Connect& connect, Arguments arguments) {
+       connect.style_onAction(IRibbonControl(arguments[0].toObject()), arguments[1].toString(),
+                              arguments[2].toInt());
+       return Value();
+     }},
 };
 
 }  // namespace

@@ -176,4 +176,27 @@ std::string Connect::getLabel(const host::IRibbonControl& control) { return comm
 
 bool Connect::getPressed(const host::IRibbonControl& control) { return commands::getPressed(control); }
 
+host::ObjectRef Connect::getImage(const host::IRibbonControl& control) { return commands::getImage(control); }
+
+std::string Connect::copyright_getContent(const host::IRibbonControl& control) {
+  return commands::copyright_getContent(control);
+}
+
+std::int16_t Connect::style_getItemCount(const host::IRibbonControl& control) {
+  return commands::style_getItemCount(control);
+}
+
+std::string Connect::style_getItemLabel(const host::IRibbonControl& control, std::int32_t index) {
+  return commands::style_getItemLabel(control, index);
+}
+
+std::int16_t Connect::style_getSelectedItemIndex(const host::IRibbonControl& control) {
+  return commands::style_getSelectedItemIndex(control);
+}
+
+void Connect::style_onAction(const host::IRibbonControl& control, const std::string& selectedId,
+                             std::int32_t selectedIndex) {
+  commands::style_onAction(control, selectedId, selectedIndex);
+}
+
 }  // namespace vellumark::addin

@@ -63,6 +63,13 @@ class Connect {
   bool getVisible(const host::IRibbonControl& control);
   std::string getLabel(const host::IRibbonControl& control);
   bool getPressed(const host::IRibbonControl& control);
+  host::ObjectRef getImage(const host::IRibbonControl& control);
+  std::string copyright_getContent(const host::IRibbonControl& control);
+  std::int16_t style_getItemCount(const host::IRibbonControl& control);
+  std::string style_getItemLabel(const host::IRibbonControl& control, std::int32_t index);
+  std::int16_t style_getSelectedItemIndex(const host::IRibbonControl& control);
+  void style_onAction(const host::IRibbonControl& control, const std::string& selectedId,
+                      std::int32_t selectedIndex);
 
   const ThumbnailSettings& thumbnails() const { return thumbnails_; }
 

@@ -5,6 +5,9 @@
 #include "commands/dispatch.h"
 #include "core/failure.h"
 #include "core/globals.h"
+#include "host/picture.h"
+#include "platform/paths.h"
+#include "services/icons.h"
 #include "services/languages.h"
 
 namespace vellumark::commands {
@@ -84,6 +87,15 @@ std::string getLabel(const host::IRibbonControl& control) {
   const int place = languagePlace(controlNumber(control.Id()));
   if (place < 0 || shortcut(place) < 1) return {};
   return services::languageList().Item("ID" + std::to_string(shortcut(place))).Name();
+}
+
+host::ObjectRef getImage(const host::IRibbonControl& control) {
+  const std::string id = control.Id();
+  const int place = languagePlace(controlNumber(id));
+  if (place >= 0) {
+    return host::pictureOf(services::icons().languagePictures[static_cast<std::size_t>(place)].canvas());
+  }
+  return host::loadPicture(platform::toSystem(core::globals().uiFolder + id + ".png"));
 }
 
 bool getPressed(const host::IRibbonControl& control) {

@@ -2,6 +2,7 @@
 // The callbacks that the ribbon's definition names, but for those of its galleries. None of them has a trap:
 // a failure goes to the host.
 
+#include <cstdint>
 #include <string>
 
 #include "host/ribbon.h"
@@ -21,5 +22,20 @@ bool getVisible(const host::IRibbonControl& control);
 std::string getLabel(const host::IRibbonControl& control);
 /// The state of a toggle button; every failure is passed over and leaves it unpressed.
 bool getPressed(const host::IRibbonControl& control);
+
+/// The picture of a control: that of the language for the language buttons, for all others the file with the
+/// control's id in the folder of the user interface; nothing where that is missing.
+host::ObjectRef getImage(const host::IRibbonControl& control);
+
+// The chooser of styles: an entry for no style, then one for each style of the configuration.
+
+std::int16_t style_getItemCount(const host::IRibbonControl& control);
+std::string style_getItemLabel(const host::IRibbonControl& control, std::int32_t index);
+void style_onAction(const host::IRibbonControl& control, const std::string& selectedId, std::int32_t index);
+/// Chooses the first style where the current one is unknown.
+std::int16_t style_getSelectedItemIndex(const host::IRibbonControl& control);
+
+/// The menu of copyright notices as XML, one button for each.
+std::string copyright_getContent(const host::IRibbonControl& control);
 
 }  // namespace vellumark::commands

@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "commands/command_table.h"
 #include "core/config.h"
+#include "host/picture.h"
 
 namespace vellumark::addin {
 namespace {
@@ -35,7 +36,7 @@ TEST_F(RibbonDefinition, EveryCallbackIsOneThatTheAddInAnswers) {
 
 TEST_F(RibbonDefinition, EveryControlIsACommandWithItsLabelAndRule) {
   std::set<std::string> seen;
-  for (const auto& found : document.select_nodes("//*[@onAction]")) {
+  for (const auto& found : document.select_nodes("//button | //toggleButton")) {
     const pugi::xml_node control = found.node();
     const std::string id = control.attribute("id").value();
     ASSERT_TRUE(id.starts_with("zp_")) << id;
@@ -43,21 +44,61 @@ TEST_F(RibbonDefinition, EveryControlIsACommandWithItsLabelAndRule) {
     const auto number = static_cast<std::int16_t>(std::stoi(id.substr(3)));
     const commands::Command* command = commands::findCommand(number);
     ASSERT_NE(command, nullptr) << id;
-    EXPECT_TRUE(command->inThisBuild()) << id;
     const std::string label = control.attribute("label").value();
-    EXPECT_TRUE(*command->label ? label == command->label : !label.empty()) << id << ": " << label;
+    const bool isLanguage = std::string_view(command->method) == "setLanguage";
+    EXPECT_TRUE(*command->label ? label == command->label : label.empty() == isLanguage)
+        << id << ": " << label;
+    for (const char* callback : {"getLabel", "getVisible"}) {
+      EXPECT_EQ(!control.attribute(callback).empty(), isLanguage) << id << " " << callback;
+    }
+    EXPECT_STREQ(control.attribute("getImage").value(), "getImage") << id;
+    EXPECT_FALSE(control.attribute("supertip").empty()) << id;
     const auto rule = commands::ruleOf(number);
     EXPECT_EQ(rule && rule->text() != "always", !control.attribute("getEnabled").empty()) << id;
     EXPECT_STREQ(control.attribute("onAction").value(), command->toggle ? "onActionTB" : "onAction") << id;
     EXPECT_EQ(!control.attribute("getPressed").empty(), command->toggle) << id;
   }
   for (const commands::Command& command : commands::commandTable()) {
-    if (command.id == 0 || !command.inThisBuild()) continue;
-    EXPECT_TRUE(seen.contains("zp_" + std::to_string(command.id)) ||
-                seen.contains("zp_" + std::to_string(command.secondId)))
-        << command.method << " is missing";
+    for (const int id : {command.id, command.secondId}) {
+      EXPECT_TRUE(id == 0 || seen.contains("zp_" + std::to_string(id))) << command.method << " is missing";
+    }
   }
 }
+
+TEST_F(RibbonDefinition, IdsStandOnceAndHoldersHaveTheirRules) {
+  std::set<std::string> seen;
+  for (const auto& found : document.select_nodes("//@id")) {
+    EXPECT_TRUE(seen.insert(found.attribute().value()).second) << found.attribute().value();
+  }
+  for (const char* id : {"zp_1070", "zp_1077", "zp_1105"}) {
+    const std::string path = std::string("//*[@id='") + id + "']";
+    EXPECT_STREQ(document.select_node(path.c_str()).node().attribute("getEnabled").value(), "getEnabled")
+        << id;
+  }
+  const pugi::xml_node styles = document.select_node("//dropDown[@id='zp_1025']").node();
+  EXPECT_STREQ(styles.attribute("getVisible").value(), "getVisible");
+  EXPECT_STREQ(document.select_node("//dynamicMenu[@getContent='copyright_getContent']").node().name(),
+               "dynamicMenu");
+}
+
+#ifndef _WIN32
+TEST_F(RibbonDefinition, EveryImageIsThereInBothSizes) {
+  int images = 0;
+  for (const auto& found : document.select_nodes("//*[@getImage]")) {
+    const std::string id = found.node().attribute("id").value();
+    const std::pair<const char*, int> sizes[] = {{".png", 32}, {"_16.png", 16}};
+    for (const auto& [ending, pixels] : sizes) {
+      const host::ObjectRef picture = host::loadPicture(TEST_SOURCE_DIR "/product/program/ui/" + id + ending);
+      ASSERT_TRUE(picture) << id << ending;
+      for (const host::Member side : {host::member::Width, host::member::Height}) {
+        EXPECT_EQ(picture->invoke(side, host::Invoke::get, {}).toInt(), pixels) << id << ending;
+      }
+    }
+    ++images;
+  }
+  EXPECT_GT(images, 70);
+}
+#endif
 
 /// Within a tab no two key tips may be the same, nor one begin like another.
 TEST_F(RibbonDefinition, KeyTipsAreUnambiguous) {
@@ -68,6 +109,7 @@ TEST_F(RibbonDefinition, KeyTipsAreUnambiguous) {
     for (std::size_t j = 0; j < tips.size(); ++j) {
       EXPECT_TRUE(i == j || !tips[i].starts_with(tips[j])) << tips[i] << " and " << tips[j];
     }
+    EXPECT_LE(tips[i].size(), 3U) << tips[i];
   }
 }
 

@@ -1,0 +1,18 @@
+#pragma once
+// Pictures that the host shows on its controls.
+
+#include <string>
+
+#include "host/object.h"
+#include "ui/canvas.h"
+
+namespace vellumark::host {
+
+/// The picture in a file (its path as the system has it), in the form that the host takes; nothing where there
+/// is none that can be read.
+ObjectRef loadPicture(const std::string& path);
+
+/// The picture of what is drawn on a canvas; nothing where the system can make none.
+ObjectRef pictureOf(const ui::Canvas& canvas);
+
+}  // namespace vellumark::host
