@@ -35,6 +35,8 @@ class CommandBarControl : public Handle {
   void HelpContextId(int id) const { put(member::HelpContextId, id); }
   int Id() const { return get<int>(member::Id); }  ///< of a control of the host's own; 1 for others
   void Delete() const { call(member::Delete); }
+  /// What a user's click does.
+  void Execute() const { call(member::Execute); }
 
   // Buttons.
   int FaceId() const { return get<int>(member::FaceId); }
@@ -107,6 +109,10 @@ class CommandBars : public Handle {
   CommandBar Item(int index) const { return get<CommandBar>(member::Item, index); }
   /// Raises where no bar has that name.
   CommandBar Item(const std::string& name) const { return get<CommandBar>(member::Item, name); }
+  /// The first control with that id on any bar; nothing where there is none.
+  CommandBarControl FindControl(int id) const {
+    return call<CommandBarControl>(member::FindControl, missing, id);
+  }
   CommandBar Add(const std::string& name, int position, bool temporary) const {
     return call<CommandBar>(member::Add, name, position, missing, temporary);
   }

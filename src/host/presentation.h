@@ -41,6 +41,7 @@ class Slide : public Handle {
   void Name(const std::string& name) const { put(member::Name, name); }
   int Layout() const { return get<int>(member::Layout); }  ///< PpSlideLayout
   host::Tags Tags() const { return get<host::Tags>(member::Tags); }
+  void Copy() const { call(member::Copy); }
   void Delete() const { call(member::Delete); }
   void Select() const { call(member::Select); }
 };
@@ -73,6 +74,8 @@ class Slides : public Handle {
   int InsertFromFile(const std::string& file, int index, int first, int last) const {
     return call<int>(member::InsertFromFile, file, index, first, last);
   }
+  /// The clipboard's slides, inserted before slide `index`, at the end for -1.
+  SlideRange Paste(int index = -1) const { return call<SlideRange>(member::Paste, index); }
   SlideRange Range(int index) const { return call<SlideRange>(member::Range, index); }
   /// All slides.
   SlideRange Range() const { return call<SlideRange>(member::Range); }

@@ -114,6 +114,7 @@ class Shape : public Handle {
   GroupShapes GroupItems() const;
   std::string AlternativeText() const { return get<std::string>(member::AlternativeText); }
   void AlternativeText(const std::string& text) const { put(member::AlternativeText, text); }
+  void Copy() const { call(member::Copy); }
   /// Makes the shape the selection, or adds it to the selection.
   void Select(bool replace = true) const { call(member::Select, triState(replace)); }
   void Delete() const { call(member::Delete); }

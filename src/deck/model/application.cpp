@@ -7,7 +7,7 @@
 namespace vellumark::deck {
 namespace {
 
-constexpr double lastWithCommandBars = 11.0;
+constexpr double lastWithCommandBars = 11.0, firstWithFileDialogs = 10.0;
 
 class ApplicationObject : public ModelObject<ApplicationObject>, public host::EventSource {
  public:
@@ -22,6 +22,7 @@ class ApplicationObject : public ModelObject<ApplicationObject>, public host::Ev
         property<&ApplicationObject::activePresentation>(member::ActivePresentation),
         property<&ApplicationObject::comAddIns>(member::COMAddIns),
         property<&ApplicationObject::commandBars>(member::CommandBars).upTo(lastWithCommandBars),
+        method<&ApplicationObject::fileDialog>(member::FileDialog, 1).from(firstWithFileDialogs),
         method<&ApplicationObject::run>(member::Run, 1, 31),
     };
     return table;
@@ -52,6 +53,7 @@ class ApplicationObject : public ModelObject<ApplicationObject>, public host::Ev
     if (!commandBars_) commandBars_ = makeCommandBars(host());
     return commandBars_;
   }
+  host::ObjectRef fileDialog(Arguments arguments) { return makeFileDialog(host(), arguments[0].toInt()); }
   /// Macros are those that the program registered with the host: a file's own code is never run.
   void run(Arguments arguments) {
     const std::string address = arguments[0].toString();

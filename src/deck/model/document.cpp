@@ -7,6 +7,7 @@
 #include "base/error.h"
 #include "deck/model/new_presentation.h"
 #include "deck/model/xml_order.h"
+#include "deck/package/namespaces.h"
 #include "platform/paths.h"
 
 namespace vellumark::deck {
@@ -75,6 +76,20 @@ DocumentRef Document::open(const std::string& path, bool readOnly, bool untitled
   return document;
 }
 
+DocumentRef Document::scratch(bool strict) {
+  const DocumentRef document(new Document);
+  document->package_ = Package::create();
+  Package& package = *document->package_;
+  document->presentation_ = package.addXml(
+      "ppt/presentation.xml", std::string(mainTypes[0]),
+      R"(<p:presentation xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main")"
+      R"( xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships")"
+      R"( xmlns:p="http://schemas.openxmlformats.org/presentationml/2006/main"/>)");
+  package.relate(*document->presentation_, relationshipType("officeDocument", strict));
+  if (strict) makeFamily(document->presentation_->root(), strict);
+  return document;
+}
+
 DocumentRef Document::create(int number) {
   const DocumentRef document(new Document);
   document->package_ = newPresentation();
@@ -94,6 +109,12 @@ std::string Document::folder() const {
 void Document::close() { closed_ = true; }
 
 void Document::touch(Part& part) {
+  const auto draft = std::ranges::find(drafts_, &part, [](const Draft& one) { return one.part.get(); });
+  if (draft != drafts_.end()) {
+    const std::function<void()> adopt = std::move(draft->adopt);
+    drafts_.erase(draft);
+    adopt();
+  }
   part.touch();
   saved_ = false;
 }
@@ -209,10 +230,14 @@ std::int32_t Document::nextSlideId() {
 }
 
 std::int32_t Document::insertSlide(std::size_t position, const Sheet& layout) {
-  const std::int32_t id = nextSlideId();
   const PartRef part = package_->addXml(package_->freeName("ppt/slides/slide%d.xml"), slideContentType,
                                         newSlideXml(layout.part->root()));
   part->relate(*layout.part, "slideLayout");
+  return listSlide(position, part);
+}
+
+std::int32_t Document::listSlide(std::size_t position, const PartRef& part) {
+  const std::int32_t id = nextSlideId();
   const std::string relationshipId = presentation_->relate(*part, "slide");
 
   pugi::xml_node list = childInOrder(
@@ -267,16 +292,35 @@ std::vector<Sheet> Document::masters() {
 }
 
 std::vector<Sheet> Document::layouts() {
-  std::vector<Sheet> found;
   const std::vector<Sheet> all = masters();
-  if (all.empty()) return found;
-  Part& master = *all.front().part;
-  for (pugi::xml_node node : master.root().child("p:sldLayoutIdLst").children("p:sldLayoutId")) {
-    const Relationship* relationship = master.relationship(value(node, "r:id"));
-    if (PartRef part = relationship ? master.target(*relationship) : nullptr)
-      found.push_back(sheet(std::move(part)));
+  return all.empty() ? std::vector<Sheet>() : layoutsOf(all.front());
+}
+
+std::vector<Sheet> Document::layoutsOf(const Sheet& master) {
+  std::vector<Sheet> found;
+  Part& part = *master.part;
+  for (pugi::xml_node node : part.root().child("p:sldLayoutIdLst").children("p:sldLayoutId")) {
+    const Relationship* relationship = part.relationship(value(node, "r:id"));
+    if (PartRef layout = relationship ? part.target(*relationship) : nullptr) {
+      found.push_back(sheet(std::move(layout)));
+    }
   }
   return found;
+}
+
+Sheet Document::related(std::string_view type) {
+  const Relationship* relationship = presentation_->firstRelationship(type);
+  PartRef target = relationship ? presentation_->target(*relationship) : nullptr;
+  return target ? sheet(std::move(target)) : Sheet{};
+}
+
+void Document::keepDraft(const std::string& purpose, const PartRef& draft, std::function<void()> adopt) {
+  drafts_.push_back({purpose, draft, std::move(adopt)});
+}
+
+PartRef Document::draft(const std::string& purpose) const {
+  const auto found = std::ranges::find(drafts_, purpose, &Draft::purpose);
+  return found == drafts_.end() ? nullptr : found->part;
 }
 
 int Document::firstSlideNumber() const { return presentation().attribute("firstSlideNum").as_int(1); }

@@ -3,9 +3,11 @@
 // shapes.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <pugixml.hpp>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "deck/package/package.h"
@@ -53,6 +55,8 @@ class Document : public std::enable_shared_from_this<Document> {
  public:
   /// Opens a file. Reads presentation.xml and relationships only. FormatError where it is broken.
   static DocumentRef open(const std::string& path, bool readOnly, bool untitled);
+  /// An empty presentation without masters, never to be saved, in which copies are kept.
+  static DocumentRef scratch(bool strict);
   /// A new presentation with one master and the usual layouts, named "Presentation1" and so on.
   static DocumentRef create(int number);
 
@@ -84,9 +88,20 @@ class Document : public std::enable_shared_from_this<Document> {
   void deleteSlide(std::int32_t id);
   /// Inserts an empty slide on a layout before `position` (from 0), with the layout's placeholders; its id.
   std::int32_t insertSlide(std::size_t position, const Sheet& layout);
+  /// Lists a slide's part, which the package has already, before `position` (from 0); its id.
+  std::int32_t listSlide(std::size_t position, const PartRef& part);
   /// The first master's layouts, in order.
   std::vector<Sheet> layouts();
+  std::vector<Sheet> layoutsOf(const Sheet& master);
   std::vector<Sheet> masters();
+
+  /// The part that the presentation relates to by that type ("notesMaster"); nothing where there is none.
+  Sheet related(std::string_view type);
+  /// Keeps a draft of the package, known by what it is for, until it is first changed: then `adopt` makes it
+  /// part of the file.
+  void keepDraft(const std::string& purpose, const PartRef& draft, std::function<void()> adopt);
+  /// The draft for that; nothing where there is none, or none any more.
+  PartRef draft(const std::string& purpose) const;
 
   Sheet sheet(PartRef part) { return {shared_from_this(), std::move(part)}; }
   /// Slide size and the like: the p:presentation element.
@@ -106,6 +121,12 @@ class Document : public std::enable_shared_from_this<Document> {
   bool readOnly_ = false;
   bool saved_ = true;
   bool closed_ = false;
+  struct Draft {
+    std::string purpose;
+    PartRef part;
+    std::function<void()> adopt;
+  };
+  std::vector<Draft> drafts_;
   std::int32_t highestSlideId_ = 0;  ///< ids are never used twice while the file is open
 };
 

@@ -11,7 +11,9 @@
 #include <string>
 #include <vector>
 
+#include "deck/model/clipboard.h"
 #include "deck/model/document.h"
+#include "deck/model/file_dialogs.h"
 #include "host/object.h"
 
 namespace vellumark::deck {
@@ -38,6 +40,7 @@ struct WindowState {
   bool outline = false;         ///< normal view's first pane shows the outline instead of thumbnails
   Sheet sheet;                  ///< the slide or master in view; no part where there is none
   SelectionState selection;
+  std::int32_t zoom = 100;  ///< per cent
   bool open = true;
 };
 using WindowRef = std::shared_ptr<WindowState>;
@@ -63,6 +66,8 @@ class HostState : public std::enable_shared_from_this<HostState> {
   std::vector<AddInState> addIns;
   /// Macros that Run finds, by lower-case address.
   std::map<std::string, std::function<void()>> macros;
+  Clipboard clipboard;
+  FileAnswerer fileAnswerer;  ///< shows dialogs for files; without one they are cancelled
   int presentationsCreated = 0;  ///< numbers "Presentation1" and so on
   host::ObjectRef commandBars;   ///< made on first use, hosts up to 11.0
 

@@ -4,6 +4,7 @@
 #include "deck/model/extra_colors.h"
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
+#include "deck/model/sheets.h"
 #include "deck/model/units.h"
 #include "deck/model/windows.h"
 #include "deck/model/xml_order.h"
@@ -52,6 +53,8 @@ class PresentationObject : public ModelObject<PresentationObject> {
     static const MemberTable<PresentationObject> table{
         property<&PresentationObject::slides>(member::Slides),
         property<&PresentationObject::pageSetup>(member::PageSetup),
+        property<&PresentationObject::designs>(member::Designs),
+        property<&PresentationObject::slideMaster>(member::SlideMaster),
         property<&PresentationObject::tags>(member::Tags),
         property<&PresentationObject::extraColors>(member::ExtraColors),
         property<&PresentationObject::name>(member::Name),
@@ -79,6 +82,15 @@ class PresentationObject : public ModelObject<PresentationObject> {
 
   host::ObjectRef slides() { return makeSlides(host(), document_); }
   host::ObjectRef pageSetup() { return std::make_shared<PageSetupObject>(host(), document_); }
+  host::ObjectRef designs() { return makeDesigns(host(), document_); }
+  host::ObjectRef slideMaster() {
+    const std::vector<Sheet> masters = document_->masters();
+    if (masters.empty()) {
+      base::raise(base::errors::invalidRequest,
+                  "Presentation.SlideMaster: Invalid request. The presentation has no slide master.");
+    }
+    return makeMaster(host(), masters.front());
+  }
   host::ObjectRef tags() {
     return makeTags(host(), document_, document_->presentationPart(), document_->presentation());
   }

@@ -19,6 +19,8 @@ class SelectionObject : public ModelObject<SelectionObject> {
         property<&SelectionObject::shapeRange>(member::ShapeRange),
         property<&SelectionObject::textRange>(member::TextRange),
         property<&SelectionObject::parent>(member::Parent),
+        method<&SelectionObject::copy>(member::Copy),
+        method<&SelectionObject::cut>(member::Cut),
         method<&SelectionObject::unselect>(member::Unselect),
     };
     return table;
@@ -71,9 +73,23 @@ class SelectionObject : public ModelObject<SelectionObject> {
   }
 
   host::ObjectRef parent() { return makeWindow(host(), window_); }
+  /// Shapes or slides. Text alone is not copied.
+  void copy() { copied()->invoke(member::Copy, Invoke::call, {}); }
+  void cut() { copied()->invoke(member::Cut, Invoke::call, {}); }
   void unselect() { host()->select(window_, {}); }
 
  private:
+  host::ObjectRef copied() {
+    switch (state().type) {
+      case host::ppSelectionSlides:
+        return slideRange();
+      case host::ppSelectionShapes:
+        return shapeRange();
+      default:
+        base::raise(base::errors::invalidRequest,
+                    "Selection.Copy: Invalid request. Neither shapes nor slides are selected.");
+    }
+  }
   const SelectionState& state() const { return window_->selection; }
   WindowRef window_;
 };

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "deck/model/adjustments.h"
+#include "deck/model/black_white_mode.h"
 #include "deck/model/fill_and_line.h"
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
@@ -129,7 +130,15 @@ class ShapeObject : public ModelObject<ShapeObject> {
   void select(Arguments arguments) {
     selectShapes(host(), {shape_}, argumentOr<std::int32_t>(arguments, 0, host::msoTrue) != 0);
   }
+  void copy() { host()->clipboard.copyShapes({shape_}); }
+  void cut() {
+    copy();
+    remove();
+  }
+  host::ObjectRef duplicate() { return makeShapeRange(host(), duplicateShapes({shape_})); }
   void remove() { deleteShapes(host(), {shape_}); }
+  std::int32_t blackWhiteMode() { return deck::blackWhiteMode(shape_); }
+  void setBlackWhiteMode(std::int32_t mode) { deck::setBlackWhiteMode(shape_, mode); }
 
  private:
   static float points(double emu) { return static_cast<float>(emu / emuPerPoint); }
@@ -210,6 +219,10 @@ const MemberTable<ShapeObject>& ShapeObject::members() {
       property<&S::zOrderPosition>(member::ZOrderPosition),
       method<&S::zOrder>(member::ZOrder, 1),
       method<&S::select>(member::Select, 0, 1),
+      property<&S::blackWhiteMode, &S::setBlackWhiteMode>(member::BlackWhiteMode),
+      method<&S::copy>(member::Copy),
+      method<&S::cut>(member::Cut),
+      method<&S::duplicate>(member::Duplicate),
       method<&S::remove>(member::Delete),
   };
   return table;

@@ -18,6 +18,9 @@ class ShapeRangeObject : public ModelObject<ShapeRangeObject> {
         property<&ShapeRangeObject::parent>(member::Parent),
         method<&ShapeRangeObject::zOrder>(member::ZOrder, 1),
         method<&ShapeRangeObject::select>(member::Select, 0, 1),
+        method<&ShapeRangeObject::copy>(member::Copy),
+        method<&ShapeRangeObject::cut>(member::Cut),
+        method<&ShapeRangeObject::duplicate>(member::Duplicate),
         method<&ShapeRangeObject::remove>(member::Delete),
     };
     return table;
@@ -47,6 +50,12 @@ class ShapeRangeObject : public ModelObject<ShapeRangeObject> {
   void select(Arguments arguments) {
     selectShapes(host(), alive(), argumentOr<std::int32_t>(arguments, 0, host::msoTrue) != 0);
   }
+  void copy() { host()->clipboard.copyShapes(alive()); }
+  void cut() {
+    copy();
+    remove();
+  }
+  host::ObjectRef duplicate() { return makeShapeRange(host(), duplicateShapes(alive())); }
   void remove() { deleteShapes(host(), alive()); }
 
  private:

@@ -140,6 +140,7 @@ class ShapesObject : public ShapeCollection<ShapesObject> {
         method<&ShapesObject::addShape>(member::AddShape, 5),
         method<&ShapesObject::addTextBox>(member::AddTextbox, 3, 5),
         method<&ShapesObject::addPlaceholder>(member::AddPlaceholder, 1, 5),
+        method<&ShapesObject::paste>(member::Paste),
         property<&ShapesObject::placeholders>(member::Placeholders),
         property<&ShapesObject::hasTitle>(member::HasTitle),
         property<&ShapesObject::title>(member::Title),
@@ -167,6 +168,7 @@ class ShapesObject : public ShapeCollection<ShapesObject> {
     }
     return shape;
   }
+  host::ObjectRef paste() { return makeShapeRange(host(), host()->clipboard.pasteShapes(sheet())); }
   host::ObjectRef placeholders() { return std::make_shared<PlaceholdersObject>(host(), sheet()); }
   std::int32_t hasTitle() { return titleNode() ? host::msoTrue : host::msoFalse; }
   host::ObjectRef title() {

@@ -3,12 +3,27 @@
 #include <algorithm>
 
 #include "deck/model/member_table.h"
+#include "deck/model/notes_pages.h"
 #include "deck/model/objects.h"
+#include "deck/model/sheets.h"
+#include "deck/model/slide_copier.h"
 #include "deck/model/slide_layouts.h"
+#include "deck/model/time_line.h"
 #include "deck/model/xml_order.h"
+#include "platform/paths.h"
 
 namespace vellumark::deck {
 namespace {
+
+/// Copies slides of a presentation behind the last one of them; the range of the copies.
+host::ObjectRef duplicateSlides(const HostRef& host, const DocumentRef& document,
+                                const std::vector<std::int32_t>& ids) {
+  std::vector<Sheet> slides;
+  for (const std::int32_t id : ids) slides.push_back(document->slide(id));
+  PartCopier copier(document->package());
+  const auto behind = static_cast<std::size_t>(document->slidePosition(ids.back()) + 1);
+  return makeSlideRange(host, document, copySlides(slides, *document, behind, copier));
+}
 
 class SlideObject : public ModelObject<SlideObject> {
  public:
@@ -22,7 +37,14 @@ class SlideObject : public ModelObject<SlideObject> {
         property<&SlideObject::name, &SlideObject::setName>(member::Name),
         property<&SlideObject::layout>(member::Layout),
         property<&SlideObject::tags>(member::Tags),
+        property<&SlideObject::notesPage>(member::NotesPage),
+        property<&SlideObject::hasNotesPage>(member::HasNotesPage).from(14),
+        property<&SlideObject::background>(member::Background),
+        property<&SlideObject::timeLine>(member::TimeLine).from(10),
         property<&SlideObject::parent>(member::Parent),
+        method<&SlideObject::copy>(member::Copy),
+        method<&SlideObject::cut>(member::Cut),
+        method<&SlideObject::duplicate>(member::Duplicate),
         method<&SlideObject::remove>(member::Delete),
         method<&SlideObject::select>(member::Select),
     };
@@ -56,11 +78,22 @@ class SlideObject : public ModelObject<SlideObject> {
   host::ObjectRef tags() {
     return makeTags(host(), sheet_.document, sheet_.part, sheet_.part->root().child("p:cSld"));
   }
+  host::ObjectRef notesPage() {
+    ownId();
+    return makeNotesPage(host(), deck::notesPage(sheet_));
+  }
+  Value hasNotesPage() { return host::triState(deck::hasNotesPage(sheet_)); }
+  host::ObjectRef background() { return makeBackground(host(), sheet_); }
+  host::ObjectRef timeLine() { return makeTimeLine(host(), sheet_); }
   host::ObjectRef parent() { return makePresentation(host(), sheet_.document); }
+  void copy() { host()->clipboard.copySlides(sheet_.document, {ownId()}); }
+  void cut() {
+    copy();
+    remove();
+  }
+  host::ObjectRef duplicate() { return duplicateSlides(host(), sheet_.document, {ownId()}); }
   void remove() {
-    const std::int32_t own = id();
-    if (own == 0) base::raise(base::errors::invalidRequest);
-    sheet_.document->deleteSlide(own);
+    sheet_.document->deleteSlide(ownId());
     host()->forgetDeleted();
   }
   void select() {
@@ -72,6 +105,12 @@ class SlideObject : public ModelObject<SlideObject> {
   }
 
  private:
+  /// The id; "Invalid request." for what is no slide.
+  std::int32_t ownId() {
+    const std::int32_t own = id();
+    if (own == 0) base::raise(base::errors::invalidRequest);
+    return own;
+  }
   std::int32_t position() { return sheet_.document->slidePosition(id()); }
   Sheet sheet_;
 };
@@ -83,6 +122,9 @@ class SlideRangeObject : public ModelObject<SlideRangeObject> {
     static const MemberTable<SlideRangeObject> table{
         property<&SlideRangeObject::count>(member::Count),
         method<&SlideRangeObject::item>(member::Item, 1),
+        method<&SlideRangeObject::copy>(member::Copy),
+        method<&SlideRangeObject::cut>(member::Cut),
+        method<&SlideRangeObject::duplicate>(member::Duplicate),
         method<&SlideRangeObject::remove>(member::Delete),
         method<&SlideRangeObject::select>(member::Select),
     };
@@ -113,6 +155,12 @@ class SlideRangeObject : public ModelObject<SlideRangeObject> {
   host::ObjectRef item(Arguments arguments) {
     return slide(ids_[collectionIndex(arguments[0].toInt(), ids_.size())]);
   }
+  void copy() { host()->clipboard.copySlides(document_, inOrder()); }
+  void cut() {
+    copy();
+    remove();
+  }
+  host::ObjectRef duplicate() { return duplicateSlides(host(), document_, inOrder()); }
   void remove() {
     for (const std::int32_t id : ids_) document_->deleteSlide(id);
     host()->forgetDeleted();
@@ -125,6 +173,13 @@ class SlideRangeObject : public ModelObject<SlideRangeObject> {
   }
 
  private:
+  /// The ids in the order of the presentation.
+  std::vector<std::int32_t> inOrder() const {
+    std::vector<std::int32_t> ordered = ids_;
+    if (ordered.empty()) base::raise(base::errors::invalidRequest);
+    std::ranges::sort(ordered, {}, [&](std::int32_t id) { return document_->slidePosition(id); });
+    return ordered;
+  }
   host::ObjectRef slide(std::int32_t id) { return makeSlide(host(), document_->slide(id)); }
   DocumentRef document_;
   std::vector<std::int32_t> ids_;
@@ -138,6 +193,8 @@ class SlidesObject : public ModelObject<SlidesObject> {
         property<&SlidesObject::count>(member::Count),
         method<&SlidesObject::item>(member::Item, 1),
         method<&SlidesObject::add>(member::Add, 2),
+        method<&SlidesObject::insertFromFile>(member::InsertFromFile, 2, 4),
+        method<&SlidesObject::paste>(member::Paste, 0, 1),
         method<&SlidesObject::findBySlideId>(member::FindBySlideID, 1),
         method<&SlidesObject::range>(member::Range, 0, 1),
         property<&SlidesObject::parent>(member::Parent),
@@ -162,6 +219,28 @@ class SlidesObject : public ModelObject<SlidesObject> {
     const std::size_t position = collectionIndex(index, document_->slideCount() + 1);
     const std::int32_t id = document_->insertSlide(position, layoutFor(arguments[1].toInt()));
     return makeSlide(host(), document_->slide(id));
+  }
+
+  /// InsertFromFile(FileName, Index, SlideStart, SlideEnd): behind slide `Index`, in front of all for 0.
+  std::int32_t insertFromFile(Arguments arguments) {
+    const std::size_t position = collectionIndex(arguments[1].toInt() + 1, document_->slideCount() + 1);
+    const DocumentRef source = Document::open(platform::toSystem(arguments[0].toString()), true, false);
+    const std::vector<SlideEntry> entries = source->slides();
+    const auto last = argumentOr<std::int32_t>(arguments, 3, -1);
+    const std::size_t end = last == -1 ? entries.size() : collectionIndex(last, entries.size()) + 1;
+    const std::size_t first = entries.empty() ? 0 : collectionIndex(argumentOr<std::int32_t>(arguments, 2, 1), end);
+    std::vector<Sheet> slides;
+    for (std::size_t i = first; i < end; ++i) slides.push_back(source->slide(entries[i].id));
+    PartCopier copier(document_->package());
+    return static_cast<std::int32_t>(copySlides(slides, *document_, position, copier).size());
+  }
+
+  /// Before slide `Index`; at the end without one.
+  host::ObjectRef paste(Arguments arguments) {
+    const std::size_t count = document_->slideCount();
+    const auto index = argumentOr<std::int32_t>(arguments, 0, -1);
+    const std::size_t position = index == -1 ? count : collectionIndex(index, count + 1);
+    return makeSlideRange(host(), document_, host()->clipboard.pasteSlides(*document_, position));
   }
 
   host::ObjectRef findBySlideId(Arguments arguments) {

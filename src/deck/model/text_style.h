@@ -24,6 +24,8 @@ class LevelStyles {
  public:
   LevelStyles(const ShapeKey& shape, int level);
 
+  const std::vector<pugi::xml_node>& all() const { return styles_; }
+
   /// The first attribute of that name: of `own` (an a:pPr or nothing), else of a style.
   pugi::xml_attribute paragraph(pugi::xml_node own, const char* attribute) const;
   /// The first child for which `isWanted` holds, in the same order.

@@ -4,6 +4,7 @@
 
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
+#include "deck/model/shape_actions.h"
 #include "host/constants.h"
 
 namespace vellumark::deck {
@@ -17,13 +18,6 @@ namespace {
 Sheet firstSlide(Document& document) {
   const auto slides = document.slides();
   return slides.empty() ? Sheet{} : document.slide(slides.front().id);
-}
-
-Sheet relatedToPresentation(const DocumentRef& document, const char* type) {
-  const PartRef& part = document->presentationPart();
-  const Relationship* relationship = part->firstRelationship(type);
-  PartRef target = relationship ? part->target(*relationship) : nullptr;
-  return target ? document->sheet(std::move(target)) : Sheet{};
 }
 
 /// The sheet that a view of that type shows, coming from `current`.
@@ -44,10 +38,10 @@ Sheet sheetFor(const DocumentRef& document, const Sheet& current, std::int32_t v
       }
       noSuchView("title master");
     case host::ppViewHandoutMaster:
-      if (const Sheet master = relatedToPresentation(document, "handoutMaster")) return master;
+      if (const Sheet master = document->related("handoutMaster")) return master;
       noSuchView("handout master");
     case host::ppViewNotesMaster:
-      if (const Sheet master = relatedToPresentation(document, "notesMaster")) return master;
+      if (const Sheet master = document->related("notesMaster")) return master;
       noSuchView("notes master");
     default:
       return onSlide ? current : firstSlide(*document);
@@ -109,7 +103,9 @@ class ViewObject : public ModelObject<ViewObject> {
     static const MemberTable<ViewObject> table{
         property<&ViewObject::type>(member::Type),
         property<&ViewObject::slide>(member::Slide),
+        property<&ViewObject::zoom, &ViewObject::setZoom>(member::Zoom),
         method<&ViewObject::gotoSlide>(member::GotoSlide, 1),
+        method<&ViewObject::paste>(member::Paste),
     };
     return table;
   }
@@ -132,8 +128,40 @@ class ViewObject : public ModelObject<ViewObject> {
         window_->document->slide(slides[collectionIndex(arguments[0].toInt(), slides.size())].id);
     host()->select(window_, {});
   }
+  std::int32_t zoom() { return window_->zoom; }
+  void setZoom(std::int32_t percent) {
+    constexpr std::int32_t smallest = 10, largest = 400;
+    if (percent < smallest || percent > largest) base::raise(base::errors::outOfRange);
+    window_->zoom = percent;
+  }
+  /// Shapes come onto the slide or master in view, slides behind those that are selected or in view. What was
+  /// pasted is selected.
+  void paste() {
+    if (host()->clipboard.holdsSlides()) return pasteSlides();
+    const bool showsShapes = window_->viewType == host::ppViewNormal || showsMaster(window_->viewType);
+    if (!showsShapes || !window_->sheet) {
+      base::raise(base::errors::invalidRequest, "View.Paste: Invalid request. This view takes no shapes.");
+    }
+    selectShapes(host(), host()->clipboard.pasteShapes(window_->sheet), true);
+  }
 
  private:
+  static bool showsMaster(std::int32_t type) {
+    return type == host::ppViewSlideMaster || type == host::ppViewTitleMaster ||
+           type == host::ppViewHandoutMaster || type == host::ppViewNotesMaster;
+  }
+  void pasteSlides() {
+    Document& document = *window_->document;
+    std::vector<std::int32_t> before = window_->selection.slides;
+    if (before.empty()) before = {document.slideId(window_->sheet)};
+    int last = -1;
+    for (const std::int32_t id : before) last = std::max(last, document.slidePosition(id));
+    const auto position = last < 0 ? document.slideCount() : static_cast<std::size_t>(last) + 1;
+    const std::vector<std::int32_t> ids = host()->clipboard.pasteSlides(document, position);
+    window_->sheet = document.slide(ids.front());
+    host()->select(window_, {.type = host::ppSelectionSlides, .slides = ids, .shapes = {}});
+  }
+
   WindowRef window_;
 };
 

@@ -44,16 +44,30 @@ std::string ContentTypes::of(std::string_view part) const {
 
 void ContentTypes::set(const std::string& part, const std::string& type) {
   if (of(part) == type) return;
+  const std::string extension = base::toLower(part.substr(part.rfind('.') + 1));
+  const bool named = part.rfind('.') != std::string::npos && part.rfind('.') > part.rfind('/') + 1;
+  if (named && !type.ends_with("xml") && !defaults_.contains(extension)) {
+    pugi::xml_node node = append("Default");
+    node.append_attribute("Extension").set_value(extension.c_str());
+    node.append_attribute("ContentType").set_value(type.c_str());
+    defaults_.emplace(extension, type);
+    changed_ = true;
+    return;
+  }
   pugi::xml_node& node = overrides_[partKey(part)];
   if (!node) {
-    pugi::xml_node root = document_->document_element();
-    const std::string name = root.name();
-    node = root.append_child((name.substr(0, name.rfind(':') + 1) + "Override").c_str());
+    node = append("Override");
     node.append_attribute("PartName").set_value(("/" + escapedName(part)).c_str());
     node.append_attribute("ContentType");
   }
   node.attribute("ContentType").set_value(type.c_str());
   changed_ = true;
+}
+
+pugi::xml_node ContentTypes::append(const char* name) {
+  pugi::xml_node root = document_->document_element();
+  const std::string rootName = root.name();
+  return root.append_child((rootName.substr(0, rootName.rfind(':') + 1) + name).c_str());
 }
 
 void ContentTypes::remove(std::string_view part) {

@@ -20,6 +20,8 @@ class ContentTypes {
 
   /// The type of a part; empty where none is declared.
   std::string of(std::string_view part) const;
+  /// Declares the type of a part. Where it is no XML and nothing is known of the name's extension, the type
+  /// becomes that of the extension, as it is usual for pictures.
   void set(const std::string& part, const std::string& type);
   void remove(std::string_view part);
   bool changed() const { return changed_; }
@@ -27,6 +29,9 @@ class ContentTypes {
   std::string text() const;
 
  private:
+  /// A new child of the root, named with the root's own prefix.
+  pugi::xml_node append(const char* name);
+
   std::unique_ptr<pugi::xml_document> document_;
   std::unordered_map<std::string, std::string> defaults_;
   std::unordered_map<std::string, pugi::xml_node> overrides_;

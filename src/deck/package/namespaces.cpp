@@ -206,14 +206,33 @@ std::string relationshipType(std::string_view name, bool strict) {
   return std::string(strict ? strictRelationships : transitionalRelationships) + '/' + std::string(name);
 }
 
-void makeStrict(pugi::xml_node element) {
+std::string inFamily(std::string_view uri, bool strict) {
+  // ".../presentationml/2006/main" is "http://purl.oclc.org/ooxml/presentationml/main" where strict.
+  constexpr std::string_view transitionalBase = "http://schemas.openxmlformats.org/", year = "/2006/";
+  constexpr std::string_view strictBase = "http://purl.oclc.org/ooxml/";
+  const std::string_view from = strict ? transitionalBase : strictBase, into = strict ? strictBase : transitionalBase;
+  constexpr std::string_view languages[] = {"presentationml", "drawingml", "officeDocument", "spreadsheetml",
+                                            "wordprocessingml"};
+  if (!uri.starts_with(from)) return std::string(uri);
+  std::string_view rest = uri.substr(from.size());
+  const std::string_view language = rest.substr(0, rest.find('/'));
+  rest.remove_prefix(language.size());
+  const std::string_view between = strict ? year : "/";
+  if (std::ranges::find(languages, language) == std::end(languages) || !rest.starts_with(between)) {
+    return std::string(uri);
+  }
+  rest.remove_prefix(between.size());
+  return std::string(into) + std::string(language) + std::string(strict ? "/" : year) + std::string(rest);
+}
+
+void makeFamily(pugi::xml_node element, bool strict) {
+  const bool graphic = std::string_view(element.name()) == "a:graphicData";
   for (pugi::xml_attribute attribute : element.attributes()) {
-    if (!declaredPrefix(attribute.name())) continue;
-    const auto* found = std::ranges::find(known, std::string_view(attribute.value()), &Known::transitional);
-    if (found != std::end(known) && !found->strict.empty()) attribute.set_value(found->strict.data());
+    const bool uri = graphic && std::string_view(attribute.name()) == "uri";
+    if (uri || declaredPrefix(attribute.name())) attribute.set_value(inFamily(attribute.value(), strict).c_str());
   }
   for (pugi::xml_node child : element.children()) {
-    if (child.type() == pugi::node_element) makeStrict(child);
+    if (child.type() == pugi::node_element) makeFamily(child, strict);
   }
 }
 

@@ -21,7 +21,11 @@ void makePrefixesUsual(pugi::xml_node root);
 std::string relationshipType(std::string_view name, bool strict);
 bool isStrictRelationship(std::string_view type);
 
-/// Turns the transitional namespaces that a new part declares into the strict ones.
-void makeStrict(pugi::xml_node element);
+/// A namespace, a relationship type or the URI of a graphic's contents in one of the two families; others
+/// come back as they are.
+std::string inFamily(std::string_view uri, bool strict);
+/// Brings all namespaces that an element and what stands in it declare, and the URIs of graphics, into one
+/// family.
+void makeFamily(pugi::xml_node element, bool strict);
 
 }  // namespace vellumark::deck

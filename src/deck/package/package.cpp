@@ -193,24 +193,44 @@ std::string Package::read(const Part& part, std::uint64_t limit) const {
   return state_->archive->read(*part.entry_, limit);
 }
 
-PartRef Package::add(const std::string& name, const std::string& contentType) {
+PartRef Package::draft(const std::string& name, const std::string& contentType) {
   if (!isPartName(name)) throw FormatError(name, "is no name that a part can have");
   PartRef part(new Part(*this, name, contentType));
   if (!state_->byName.emplace(partKey(name), part).second) throw FormatError(name, "is there already");
   // None, even if a part of that name that was removed has left some in the file.
   part->relationships_ = std::make_unique<Relationships>(name);
   part->changed_ = true;
-  state_->contentTypes->set(name, contentType);
-  state_->parts.push_back(part);
+  return part;
+}
+
+void Package::adopt(const PartRef& draft) {
+  state_->contentTypes->set(draft->name(), draft->contentType());
+  state_->parts.push_back(draft);
   state_->partsChanged = true;
+}
+
+PartRef Package::add(const std::string& name, const std::string& contentType) {
+  PartRef part = draft(name, contentType);
+  adopt(part);
+  return part;
+}
+
+std::unique_ptr<pugi::xml_document> Package::parseNew(const std::string& name, std::string_view xml) const {
+  auto document = parsePart(name, xml, state_->limits);
+  if (isStrict()) makeFamily(document->document_element(), true);
+  return document;
+}
+
+PartRef Package::draftXml(const std::string& name, const std::string& contentType, std::string_view xml) {
+  auto document = parseNew(name, xml);
+  PartRef part = draft(name, contentType);
+  part->document_ = std::move(document);
   return part;
 }
 
 PartRef Package::addXml(const std::string& name, const std::string& contentType, std::string_view xml) {
-  auto document = parsePart(name, xml, state_->limits);
-  if (isStrict()) makeStrict(document->document_element());
-  PartRef part = add(name, contentType);
-  part->document_ = std::move(document);
+  PartRef part = draftXml(name, contentType, xml);
+  adopt(part);
   return part;
 }
 

@@ -46,6 +46,10 @@ class Package {
   /// override unless the extension says it already. FormatError where that name is taken.
   PartRef addXml(const std::string& name, const std::string& contentType, std::string_view xml);
   PartRef addBytes(const std::string& name, const std::string& contentType, std::string bytes);
+  /// An XML part that counts as none of the package until it is adopted: it isn't listed nor saved, but has
+  /// its name, and relationships lead to it.
+  PartRef draftXml(const std::string& name, const std::string& contentType, std::string_view xml);
+  void adopt(const PartRef& draft);
   /// A name that is free: pattern "ppt/slides/slide%d.xml" gives "ppt/slides/slide7.xml".
   std::string freeName(const std::string& pattern) const;
   /// Takes a part with its relationships out of the package. Parts that only it related to, directly or not,
@@ -61,6 +65,9 @@ class Package {
   /// as it was (SaveCopyAs).
   void save(const std::string& path, bool adopt = true);
 
+  /// Whether the file is of the strict family, by its main relationships.
+  bool isStrict() const;
+
   // Relationships of the package itself.
   const std::vector<Relationship>& relationships();
   /// Relates the package itself to a part; the relationship's id.
@@ -73,10 +80,11 @@ class Package {
   std::unique_ptr<pugi::xml_document> parse(const Part& part) const;
   std::string readBytes(const Part& part) const;
   std::string read(const Part& part, std::uint64_t limit) const;
-  bool isStrict() const;
   /// A relationship's whole type: what is no URI is an Office type of the package's own family.
   std::string wholeType(std::string_view type) const;
   PartRef add(const std::string& name, const std::string& contentType);
+  PartRef draft(const std::string& name, const std::string& contentType);
+  std::unique_ptr<pugi::xml_document> parseNew(const std::string& name, std::string_view xml) const;
 
   struct State;
   std::unique_ptr<State> state_;

@@ -69,6 +69,14 @@ std::string Part::relateExternal(std::string_view uri, std::string_view type) {
   return ownRelationships().add(package_.wholeType(type), std::string(uri), true);
 }
 
+void Part::relateAs(const std::string& id, const Part& target, const std::string& type) {
+  ownRelationships().addAs(id, type, target.name(), false);
+}
+
+void Part::relateExternalAs(const std::string& id, const std::string& uri, const std::string& type) {
+  ownRelationships().addAs(id, type, uri, true);
+}
+
 void Part::unrelate(std::string_view id) { ownRelationships().remove(id); }
 
 }  // namespace vellumark::deck

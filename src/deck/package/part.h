@@ -62,6 +62,9 @@ class Part {
   /// whole URI.
   std::string relate(const Part& target, std::string_view type);
   std::string relateExternal(std::string_view uri, std::string_view type);
+  /// The same with an id of the caller's, which no relationship of the part has, and a whole URI as type.
+  void relateAs(const std::string& id, const Part& target, const std::string& type);
+  void relateExternalAs(const std::string& id, const std::string& uri, const std::string& type);
   /// Takes a relationship away; the target stays.
   void unrelate(std::string_view id);
 

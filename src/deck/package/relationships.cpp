@@ -56,6 +56,12 @@ std::string Relationships::add(const std::string& type, const std::string& targe
     id = "rId" + std::to_string(number);
     if (std::ranges::find(all_, id, &Relationship::id) == all_.end()) break;
   }
+  addAs(id, type, target, external);
+  return id;
+}
+
+void Relationships::addAs(const std::string& id, const std::string& type, const std::string& target,
+                          bool external) {
   pugi::xml_node root = document_->document_element();
   const std::string name = root.name();
   pugi::xml_node node = root.append_child((name.substr(0, name.rfind(':') + 1) + "Relationship").c_str());
@@ -65,7 +71,6 @@ std::string Relationships::add(const std::string& type, const std::string& targe
   if (external) node.append_attribute("TargetMode").set_value("External");
   all_.push_back({id, type, target, external});
   changed_ = true;
-  return id;
 }
 
 void Relationships::remove(std::string_view id) {

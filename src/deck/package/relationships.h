@@ -38,6 +38,8 @@ class Relationships {
 
   /// Adds a relationship, or finds the one to that target of that type, a whole URI; its id.
   std::string add(const std::string& type, const std::string& target, bool external);
+  /// Adds a relationship under an id of the caller's that no other has.
+  void addAs(const std::string& id, const std::string& type, const std::string& target, bool external);
   void remove(std::string_view id);
 
   /// "ppt/_rels/presentation.xml.rels" of "ppt/presentation.xml", "_rels/.rels" of the package ("").

@@ -1,0 +1,154 @@
+#include "deck/model/clipboard.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "base/error.h"
+#include "deck/model/new_presentation.h"
+#include "deck/model/placeholder_paste.h"
+#include "deck/model/shape_copier.h"
+#include "deck/model/shape_frame.h"
+#include "deck/model/shape_node.h"
+#include "deck/model/slide_copier.h"
+#include "deck/model/units.h"
+
+namespace vellumark::deck {
+namespace {
+
+using pugi::xml_node;
+
+constexpr double aside = 12 * emuPerPoint;
+
+/// The type of the relationship by which a sheet names the one that it inherits from.
+const char* parentRelationship(const Sheet& parent) {
+  const std::string& type = parent.part->contentType();
+  if (type.ends_with(".slideLayout+xml")) return "slideLayout";
+  return type.ends_with(".notesMaster+xml") ? "notesMaster" : "slideMaster";
+}
+
+bool samePlace(const ShapeFrame& a, const ShapeFrame& b, double offset) {
+  return a.x + offset == b.x && a.y + offset == b.y && a.width == b.width && a.height == b.height;
+}
+
+std::string_view nameOf(const ShapeKey& shape) { return drawingProperties(shape.node).attribute("name").value(); }
+
+void moveBy(const std::vector<ShapeKey>& shapes, double offset) {
+  for (const ShapeKey& shape : shapes) {
+    ShapeFrame frame = slideFrame(shape);
+    frame.x += offset;
+    frame.y += offset;
+    setSlideFrame(shape, frame);
+  }
+}
+
+/// Moves copies until none of them covers one that came from the same shape.
+void moveAside(const std::vector<ShapeKey>& copies) {
+  struct Taken {
+    std::string_view name;
+    ShapeFrame frame;
+  };
+  std::vector<Taken> others, own;
+  for (const xml_node node : shapeNodes(copies.front().sheet.shapeTree())) {
+    const ShapeKey shape{copies.front().sheet, node};
+    const bool copy = std::ranges::find(copies, shape) != copies.end();
+    (copy ? own : others).push_back({nameOf(shape), slideFrame(shape)});
+  }
+  double offset = 0;
+  const auto covers = [&](const Taken& one) {
+    return std::ranges::any_of(others, [&](const Taken& other) {
+      return one.name == other.name && samePlace(one.frame, other.frame, offset);
+    });
+  };
+  while (std::ranges::any_of(own, covers)) offset += aside;
+  if (offset > 0) moveBy(copies, offset);
+}
+
+}  // namespace
+
+void Clipboard::start(const DocumentRef& from) {
+  shapes_.clear();
+  slides_.clear();
+  places_.clear();
+  media_ = {};
+  store_ = Document::scratch(from->package().isStrict());
+}
+
+/// The sheets that a sheet inherits from come along without their pictures and themes: what they say of
+/// placeholders, and their names, are wanted.
+Sheet Clipboard::bringParent(const Sheet& sheet, PartCopier& copier) {
+  const Sheet parent = sheet.parent();
+  if (!parent) return {};
+  const PartRef copy = copier.copyAlone(parent.part);
+  // A master has none above it; a ring in a broken file ends there as well.
+  if (parent.part->contentType().ends_with(".slideLayout+xml")) {
+    if (const Sheet master = bringParent(parent, copier)) copy->relate(*master.part, parentRelationship(master));
+  }
+  return store_->sheet(copy);
+}
+
+void Clipboard::copyShapes(const std::vector<ShapeKey>& shapes) {
+  const std::vector<ShapeKey> sorted = inZOrder(shapes);
+  if (sorted.empty()) base::raise(base::errors::invalidRequest);
+  const Sheet& source = sorted.front().sheet;
+  start(source.document);
+  PartCopier copier(store_->package(), &media_);
+  const PartRef part = store_->package().addXml("ppt/slides/slide1.xml", slideContentType, newSlideXml({}));
+  if (const Sheet parent = bringParent(source, copier)) part->relate(*parent.part, parentRelationship(parent));
+  shapes_ = deck::copyShapes(sorted, store_->sheet(part), copier);
+  places_.push_back(source.part);
+}
+
+void Clipboard::copySlides(const DocumentRef& document, const std::vector<std::int32_t>& ids) {
+  if (ids.empty()) base::raise(base::errors::invalidRequest);
+  std::vector<Sheet> sources;
+  for (const std::int32_t id : ids) sources.push_back(document->slide(id));
+  start(document);
+  PartCopier copier(store_->package(), &media_);
+  const auto layoutOf = [&](const Sheet& slide) {
+    if (Sheet layout = bringParent(slide, copier)) return layout;
+    throw FormatError(slide.part->name(), "follows no slide layout");
+  };
+  for (const std::int32_t id : deck::copySlides(sources, *store_, 0, copier, layoutOf)) {
+    slides_.push_back(store_->slide(id));
+  }
+}
+
+std::vector<ShapeKey> Clipboard::pasteShapes(const Sheet& target) {
+  if (!holdsShapes()) {
+    base::raise(base::errors::invalidRequest,
+                "Shapes.Paste: Invalid request. The clipboard is empty or holds what can't be pasted here.");
+  }
+  PartCopier copier(target.document->package(), &media_);
+  const std::vector<ShapeKey> copies = deck::copyShapes(shapes_, target, copier);
+  placePlaceholders(copies, shapes_);
+  const auto isTarget = [&](const std::weak_ptr<Part>& place) { return place.lock() == target.part; };
+  if (std::ranges::any_of(places_, isTarget)) {
+    moveAside(copies);
+  } else {
+    places_.push_back(target.part);
+  }
+  return copies;
+}
+
+std::vector<std::int32_t> Clipboard::pasteSlides(Document& target, std::size_t position) {
+  if (!holdsSlides()) {
+    base::raise(base::errors::invalidRequest,
+                "Slides.Paste: Invalid request. The clipboard is empty or holds what can't be pasted here.");
+  }
+  PartCopier copier(target.package(), &media_);
+  return deck::copySlides(slides_, target, position, copier);
+}
+
+std::vector<ShapeKey> duplicateShapes(const std::vector<ShapeKey>& shapes) {
+  const std::vector<ShapeKey> sorted = inZOrder(shapes);
+  if (sorted.empty()) base::raise(base::errors::invalidRequest);
+  const Sheet& sheet = sorted.front().sheet;
+  PartCopier copier(sheet.document->package());
+  const std::vector<ShapeKey> copies = copyShapes(sorted, sheet, copier);
+  placePlaceholders(copies, sorted);
+  moveBy(copies, aside);
+  return copies;
+}
+
+}  // namespace vellumark::deck
