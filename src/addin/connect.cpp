@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "agenda/agenda_commands.h"
 #include "base/conversions.h"
 #include "base/text.h"
 #include "commands/ppt_controls.h"
@@ -63,6 +64,8 @@ void Connect::start(const host::Application& application, const host::COMAddIn& 
   }
   tools_ = std::make_unique<tools::TrimlineTools>();
   g.tools = tools_.get();
+  agenda_ = std::make_unique<agenda::AgendaCommands>();
+  g.agenda = agenda_.get();
 
   g.screenSaverOff = base::toBool(core::getRegistry("screenSaverOff", "", "0"));
   services::initializeLanguages();
@@ -112,6 +115,8 @@ void Connect::release() {
     g.toolbarControls = nullptr;
     toolbarControls_.reset();
   }
+  g.agenda = nullptr;
+  agenda_.reset();
   g.tools = nullptr;
   tools_.reset();
   services::unloadIcons();

@@ -9,6 +9,9 @@
 #include "host/application.h"
 #include "host/ribbon.h"
 
+namespace vellumark::agenda {
+class AgendaCommands;
+}
 namespace vellumark::commands {
 class pptControls;
 class pptEvents;
@@ -84,6 +87,7 @@ class Connect {
   std::unique_ptr<commands::pptEvents> applicationEvents_;
   std::unique_ptr<commands::pptControls> toolbarControls_;  ///< only on hosts before the ribbon
   std::unique_ptr<tools::TrimlineTools> tools_;
+  std::unique_ptr<agenda::AgendaCommands> agenda_;
   ThumbnailSettings thumbnails_;
 };
 

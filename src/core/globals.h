@@ -53,6 +53,15 @@ class ToolbarControls {
   virtual void DeleteControls() = 0;
 };
 
+/// The Agenda Wizard as the commands reach it.
+class AgendaCommands {
+ public:
+  virtual ~AgendaCommands() = default;
+  virtual void showAgendaWizard() = 0;
+  virtual void agendaUpdatePagenumbers() = 0;
+  virtual void disconnectAgendaSlides() = 0;
+};
+
 struct Globals {
   // Folders, each ending in a backslash.
   std::string rootFolder;
@@ -70,6 +79,7 @@ struct Globals {
   ApplicationEvents* applicationEvents = nullptr;
   ToolbarControls* toolbarControls = nullptr;  ///< only on hosts before the ribbon
   tools::TrimlineTools* tools = nullptr;
+  AgendaCommands* agenda = nullptr;
   std::unique_ptr<platform::InstanceMutex> hostMutex;  ///< marks to other programs that the add-in is loaded
   std::string hostVersion;
   bool helpMode = false;

@@ -20,7 +20,7 @@ std::string agendaTemplatePath(std::int32_t stylePosition) {
   if (stylePosition < 1 || static_cast<std::size_t>(stylePosition) > folders.size()) {
     base::raise(base::errors::subscript);
   }
-  return toolbarTemplatePath(folders[static_cast<std::size_t>(stylePosition) - 1], "agendawizard.xml");
+  return toolbarTemplatePath(folders[static_cast<std::size_t>(stylePosition) - 1], agendaTemplateName);
 }
 
 }  // namespace vellumark::core

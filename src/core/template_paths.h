@@ -13,6 +13,8 @@ std::string ribbonTemplatePath(const std::string& file);
 /// A template as the toolbars find it, by the style's folder.
 std::string toolbarTemplatePath(const std::string& styleFolder, const std::string& file);
 
+/// The file of a style's agenda template.
+inline constexpr const char* agendaTemplateName = "agendawizard.xml";
 /// The agenda template of the style at that position of the list, from 1, by the style's folder on every
 /// host; 9 outside the list.
 std::string agendaTemplatePath(std::int32_t stylePosition);

@@ -27,7 +27,12 @@ bool hasOneRoot(const pugi::xml_document& document) {
   return true;
 }
 
-bool parse(pugi::xml_document& document, const std::string& path) {
+bool parse(pugi::xml_document& document, const std::string& text, pugi::xml_encoding encoding) {
+  return document.load_buffer(text.data(), text.size(), pugi::parse_default, encoding) &&
+         hasOneRoot(document);
+}
+
+bool parseFile(pugi::xml_document& document, const std::string& path) {
   std::string bytes;
   try {
     bytes = platform::readFile(path);
@@ -36,9 +41,7 @@ bool parse(pugi::xml_document& document, const std::string& path) {
   }
   const bool ansi = declaresAnsi(bytes);
   if (ansi) bytes = platform::fromAnsi(bytes);
-  const auto encoding = ansi ? pugi::encoding_utf8 : pugi::encoding_auto;
-  return document.load_buffer(bytes.data(), bytes.size(), pugi::parse_default, encoding) &&
-         hasOneRoot(document);
+  return parse(document, bytes, ansi ? pugi::encoding_utf8 : pugi::encoding_auto);
 }
 
 /// Runs a query, whose faults the library raises as exceptions of its own.
@@ -54,7 +57,13 @@ auto guarded(const std::string& expression, Query&& query) {
 }  // namespace
 
 bool loadXml(pugi::xml_document& document, const std::string& path) {
-  if (parse(document, path)) return true;
+  if (parseFile(document, path)) return true;
+  document.reset();
+  return false;
+}
+
+bool parseXml(pugi::xml_document& document, const std::string& text) {
+  if (parse(document, text, pugi::encoding_utf8)) return true;
   document.reset();
   return false;
 }

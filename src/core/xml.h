@@ -10,6 +10,8 @@ namespace vellumark::core {
 /// well-formed document. Its encoding is that of its byte order mark or declaration (UTF-8, UTF-16,
 /// ISO-8859-1, Windows-1252), otherwise UTF-8.
 bool loadXml(pugi::xml_document& document, const std::string& path);
+/// The same from a text in memory, which is UTF-8 whatever its declaration says.
+bool parseXml(pugi::xml_document& document, const std::string& text);
 
 /// The nodes of an XPath expression, in document order; -2147467259 where it is malformed.
 pugi::xpath_node_set selectNodes(const pugi::xml_node& context, const std::string& expression);

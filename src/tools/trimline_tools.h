@@ -107,6 +107,11 @@ class TrimlineTools {
   void unhideShapes();          ///< all of the selected slides, or of the slide in view
   void openContainingFolder();  ///< shows the presentation's file in its folder
 
+  // The agenda.
+  void showAgendaWizard();
+  void agendaUpdatePagenumbers();  ///< makes all agenda slides anew
+  void disconnectAgendaSlides();   ///< turns the selected ones into ordinary slides
+
   // Commands that only open something.
   void tutorialVideos();
   void gettingStarted();

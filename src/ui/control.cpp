@@ -66,7 +66,14 @@ char Control::accessKey() const {
   return 0;
 }
 
+void Control::redraw(bool on) {
+  if (redraw_ == on) return;
+  redraw_ = on;
+  changed();
+}
+
 void Control::changed() {
+  if (!redraw_) return;
   if (FormView* view = form_.view()) view->controlChanged(*this);
 }
 

@@ -48,6 +48,9 @@ class Control {
   double fontScale() const { return fontScale_; }
   void fontScale(double scale);
 
+  /// While off, changes of the control are not shown; switching it on shows what has become of it.
+  void redraw(bool on);
+
   /// Whether this kind of control takes the focus.
   virtual bool focusable() const { return true; }
   /// Whether it can have the focus now.
@@ -79,6 +82,7 @@ class Control {
   bool visible_ = true;
   bool tabStop_ = true;
   bool causesValidation_ = true;
+  bool redraw_ = true;
   std::string toolTip_;
   std::optional<Color> foreColor_, backColor_;
   bool bold_ = false;

@@ -158,8 +158,11 @@ void TreeView::setImage(const std::string& key, int image) {
 }
 
 void TreeView::setExpanded(const std::string& key, bool on) {
-  required(key).expanded = on;
+  Node& node = required(key);
+  const bool collapses = node.expanded && !on;
+  node.expanded = on;
   changed();
+  if (collapses && onCollapse) onCollapse(key);
 }
 
 void TreeView::select(const std::string& key) {

@@ -117,6 +117,7 @@ class TreeView : public Control {
   void userEditLabel(const std::string& key, const std::string& text);
 
   std::function<void(const std::string& key)> onNodeClick;
+  std::function<void(const std::string& key)> onCollapse;
   std::function<void(const std::string& key, bool& cancel)> onBeforeLabelEdit;
   std::function<void(const std::string& key, std::string& text, bool& cancel)> onAfterLabelEdit;
   /// Image files by place from 1.
