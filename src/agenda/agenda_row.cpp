@@ -50,12 +50,6 @@ void formatBar(const host::Shape& bar, double fontSize, double rightMargin, cons
   frame.AutoSize(host::ppAutoSizeNone);
 }
 
-// MARK: goes away with the text tools; then the call below is tools->beautify(frame).
-template <typename Tools>
-void beautify(Tools* tools, const host::TextFrame& frame) {
-  if constexpr (requires { tools->beautify(frame); }) tools->beautify(frame);
-}
-
 void remember(const host::Shape& shape) { saveShapeContent(shape, shape.TextFrame().TextRange().Text()); }
 
 }  // namespace
@@ -147,7 +141,7 @@ void AgendaWizard::addBarRow(const host::Slide& slide, const AgendaRow& row) {
   } else {
     // A bullet stands in the place of a number.
     text.IndentLevel(2);
-    beautify(core::globals().tools, frame);
+    core::globals().tools->beautify(frame);
   }
   if (firstTabPosition > 0) {
     addTab(bar, host::ppTabStopLeft, firstTabPosition - frame.MarginLeft() + textMargin - halfLine);
