@@ -20,6 +20,7 @@ using core::resumeNext;
 using core::trap;
 
 constexpr const char* toolsTag = "zorp_TrimlineTools";
+constexpr const char* slideWizardBar = "Vellumark for presentations - Slide Wizard";
 constexpr int dockedAtTop = 1, floating = 4;
 constexpr int floatingHeight = 52;  // pixels
 constexpr int tickFace = 990, noFace = 1;
@@ -82,6 +83,37 @@ host::CommandBar pptControls::createCmdBar(const std::string& name) {
     if (!bar) bar = application_.CommandBars().Add(name, dockedAtTop, true);
     bars_.push_back(bar);
     return bar;
+  });
+}
+
+host::CommandBarComboBox pptControls::styleBox() const {
+  const host::CommandBar bar = findBar(slideWizardBar);
+  if (!bar) return {};
+  const host::CommandBarControls controls = bar.Controls();
+  const int count = controls.Count();
+  for (int i = 1; i <= count; ++i) {
+    if (const auto control = controls.Item(i); control.Type() == host::msoControlDropdown) return control;
+  }
+  return {};
+}
+
+// The first item stands for no style, the second is the first real one.
+void pptControls::setStyle(const std::string& name) {
+  trap("pptControls, setStyle", [&] {
+    const host::CommandBarComboBox box = styleBox();
+    if (!box) return;
+    constexpr int firstStyle = 2;
+    const int count = box.ListCount();
+    int chosen = firstStyle;
+    for (int i = firstStyle; i <= count && !name.empty(); ++i) {
+      if (box.List(i) == name) chosen = i;
+    }
+    if (count == 1) {
+      box.ListIndex(1);
+      return;
+    }
+    box.ListIndex(chosen);
+    core::globals().currentStyle = box.Text();
   });
 }
 

@@ -19,6 +19,8 @@ class pptControls : public core::ToolbarControls {
   /// Builds the bars. One that an earlier run left behind stays as it is.
   void CreateControls() override;
   void DeleteControls() override;
+  /// Where there is a style box: shows the style in it, and makes what it shows the current one.
+  void setStyle(const std::string& name) override;
   /// Loads "menu.xml" and what else a ribbon host loads in onLoad.
   void generateMenuFromXML();
 
@@ -54,6 +56,8 @@ class pptControls : public core::ToolbarControls {
   void addLanguageButtons(const host::CommandBar& bar);
   void createToolsBar();
   host::CommandBar findBar(const std::string& name) const;
+  /// The drop-down list on the Slide Wizard's bar; nothing where the bar doesn't stand.
+  host::CommandBarComboBox styleBox() const;
 
   host::Application application_;
   std::vector<host::CommandBar> bars_;

@@ -41,13 +41,38 @@ void pptEvents::PowerPointApp(const host::Application& application) {
   trap("pptEvents, PowerPointApp [Set]", [&] {
     subscription_.reset();
     if (!application) return;
-    subscription_ =
-        host::subscribe(application.object(), [this](host::Member event, std::span<host::Value> arguments) {
-          if (event == host::member::WindowSelectionChange && !arguments.empty()) {
-            pptApp_WindowSelectionChange(Selection(arguments[0].toObject()));
-          }
-        });
+    subscription_ = host::subscribe(
+        application.object(),
+        [this](host::Member event, std::span<host::Value> arguments) { raised(event, arguments); });
   });
+}
+
+/// All other events are ignored, and so is one that comes without what it is about.
+void pptEvents::raised(host::Member event, std::span<host::Value> arguments) {
+  namespace member = host::member;
+  if (event == member::SlideShowBegin) return pptApp_SlideShowBegin();
+  if (event == member::SlideShowEnd) return pptApp_SlideShowEnd();
+  if (arguments.empty()) return;
+  if (event == member::WindowSelectionChange) {
+    return pptApp_WindowSelectionChange(Selection(arguments[0].toObject()));
+  }
+  const bool isPresentation = event == member::NewPresentation || event == member::PresentationOpen ||
+                              event == member::PresentationClose || event == member::PresentationBeforeSave ||
+                              event == member::PresentationPrint || event == member::WindowActivate;
+  if (!isPresentation) return;
+  const host::Presentation presentation(arguments[0].toObject());
+  if (event == member::NewPresentation) pptApp_NewPresentation(presentation);
+  if (event == member::PresentationOpen) pptApp_PresentationOpen(presentation);
+  if (event == member::PresentationClose) pptApp_PresentationClose(presentation);
+  if (event == member::PresentationPrint) pptApp_PresentationPrint(presentation);
+  if (event == member::WindowActivate && arguments.size() > 1) {
+    pptApp_WindowActivate(presentation, host::DocumentWindow(arguments[1].toObject()));
+  }
+  if (event == member::PresentationBeforeSave && arguments.size() > 1) {
+    bool cancel = arguments[1].toBool();
+    pptApp_PresentationBeforeSave(presentation, cancel);
+    arguments[1] = cancel;
+  }
 }
 
 void pptEvents::checkSelection() {

@@ -1,6 +1,8 @@
 #pragma once
-// The sink of the host's events: keeps the enabled state of every command in step with the selection.
+// The sink of the host's events: keeps the enabled state of every command in step with the selection, and
+// watches over presentations and slide shows.
 
+#include <span>
 #include <string>
 
 #include "core/globals.h"
@@ -47,13 +49,26 @@ class pptEvents : public core::ApplicationEvents {
   void toggleAutoShapeTextState(host::Selection& selection);
   AngleCheck check90degr(const host::ShapeRange& range);
 
-  /// The host's event.
+  // The host's events.
   void pptApp_WindowSelectionChange(host::Selection selection);
+  void pptApp_NewPresentation(const host::Presentation& presentation);
+  void pptApp_PresentationOpen(const host::Presentation& presentation);
+  /// Comes before the presentation is gone.
+  void pptApp_PresentationClose(const host::Presentation& presentation);
+  /// Warns, keeps the agenda up to date and remembers the style; `cancel` stops the save.
+  void pptApp_PresentationBeforeSave(const host::Presentation& presentation, bool& cancel);
+  void pptApp_PresentationPrint(const host::Presentation& presentation);
+  void pptApp_WindowActivate(const host::Presentation& presentation, const host::DocumentWindow& window);
+  void pptApp_SlideShowBegin();
+  void pptApp_SlideShowEnd();
 
  private:
+  void raised(host::Member event, std::span<host::Value> arguments);
   void evaluateForToolbars(host::Selection& selection);
+  void warnOfTemporaryFolder(const host::Presentation& presentation) const;
 
   core::SelectionFlags flags_;
+  std::string lastSavedName_;  ///< so that the warning about temporary folders comes once for each name
   host::Subscription subscription_;
 };
 

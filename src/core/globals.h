@@ -51,6 +51,8 @@ class ToolbarControls {
   virtual ~ToolbarControls() = default;
   virtual void CreateControls() = 0;
   virtual void DeleteControls() = 0;
+  /// Shows a style in the style box; an unknown or empty name shows the first one.
+  virtual void setStyle(const std::string& name) = 0;
 };
 
 /// The Agenda Wizard as the commands reach it.

@@ -56,6 +56,7 @@ class CommandBarControl : public Handle {
   // Combo boxes, counted from 1; ListIndex 0 is no choice.
   void AddItem(const std::string& text) const { call(member::AddItem, text); }
   std::string List(int index) const { return get<std::string>(member::List, index); }
+  int ListCount() const { return get<int>(member::ListCount); }
   int ListIndex() const { return get<int>(member::ListIndex); }
   void ListIndex(int index) const { put(member::ListIndex, index); }
   std::string Text() const { return get<std::string>(member::Text); }

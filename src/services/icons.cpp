@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "ui/toolkit.h"
+
 namespace vellumark::services {
 namespace {
 
@@ -16,6 +18,18 @@ Icons::Icons() : Form("Icons", "") {
   for (std::size_t i = 0; i < LanguagePictures::size(); ++i) {
     languagePictures[i].foreColor(ui::rgb(255, 255, 255));
   }
+  screensaverTimer.onTimer = [this] { screensaverTimer_Timer(); };
+}
+
+void Icons::keepScreenSaverAway(bool on) {
+  if (on && !view()) ui::toolkit().runHidden(*this);
+  screensaverTimer.enabled(on);
+  if (!on) activity_.reset();
+}
+
+void Icons::screensaverTimer_Timer() {
+  if (!activity_) activity_ = std::make_unique<platform::UserActivity>();
+  activity_->report();
 }
 
 Icons& icons() {

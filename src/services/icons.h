@@ -1,8 +1,10 @@
 #pragma once
-// The pictures that live as long as the add-in is connected.
+// The pictures and timers that live as long as the add-in is connected.
 
 #include <cstddef>
+#include <memory>
 
+#include "platform/user_activity.h"
 #include "ui/form.h"
 
 namespace vellumark::services {
@@ -17,6 +19,16 @@ class Icons : public ui::Form {
 
   /// The pictures of the language buttons.
   LanguagePictures languagePictures{*this, "languagePictures", pictureSize, pictureSize};
+  /// Keeps the screen saver away during slide shows.
+  ui::Timer screensaverTimer{*this, "screensaverTimer", 30000};
+
+  /// Starts or stops that timer.
+  void keepScreenSaverAway(bool on);
+
+ private:
+  void screensaverTimer_Timer();
+
+  std::unique_ptr<platform::UserActivity> activity_;  ///< from the first tick on
 };
 
 /// The one instance.

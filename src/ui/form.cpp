@@ -10,7 +10,7 @@ namespace vellumark::ui {
 
 Form::Form(std::string name, std::string caption) : name_(std::move(name)), caption_(std::move(caption)) {}
 
-Form::~Form() { setVisible(false); }
+Form::~Form() { leaveScreen(); }
 
 void Form::caption(const std::string& text) {
   caption_ = text;
@@ -59,11 +59,17 @@ void Form::unload() {
   if (onQueryUnload) onQueryUnload(cancel);
   if (!cancel) {
     if (onUnload) onUnload();
-    setVisible(false);
+    leaveScreen();
     focused_ = nullptr;
     loaded_ = false;
   }
   unloading_ = false;
+}
+
+void Form::leaveScreen() {
+  setVisible(false);
+  // A form that was never shown has a view where its timers run.
+  if (view_) view_->visibilityChanged(false);
 }
 
 void Form::setVisible(bool visible) {

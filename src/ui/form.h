@@ -101,6 +101,7 @@ class Form {
   void adopt(Control& control) { controls_.push_back(&control); }
   void forget(Control& control);
   void setVisible(bool visible);
+  void leaveScreen();
   void focusFirst();
   bool validateFocused(const Control& next);
 

@@ -22,6 +22,8 @@ class Toolkit {
   virtual void showModal(Form& form) = 0;
   /// Shows a form and returns at once.
   virtual void showModeless(Form& form) = 0;
+  /// Lets the timers of a form that is loaded and never shown tick until it is unloaded.
+  virtual void runHidden(Form& form) = 0;
   /// Lets pending events happen, so that a form that works shows its progress.
   virtual void processEvents() = 0;
 };

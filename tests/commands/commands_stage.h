@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "agenda/agenda_commands.h"
 #include "commands/ppt_controls.h"
 #include "commands/ppt_events.h"
 #include "core/registry.h"
@@ -25,6 +26,7 @@ class CommandsStage : public Stage {
     core::globals() = core::Globals{};
     Stage::open(version);
     core::Globals& g = core::globals();
+    g.agenda = &agenda;
     const std::string root = platform::fromSystem(folder.root().string() + "/");
     g.programFolder = root + "program\\";
     g.configFolder = root + "customization\\";
@@ -83,6 +85,7 @@ class CommandsStage : public Stage {
     return (popup.empty() ? bar() : bar().Item(popup).Controls()).Item(caption);
   }
 
+  agenda::AgendaCommands agenda;
   std::optional<commands::pptEvents> events;
   std::optional<commands::pptControls> controls;
 };

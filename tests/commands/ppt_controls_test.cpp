@@ -109,8 +109,8 @@ TEST_F(Toolbars, ClicksCountByName) {
     const char* told;  ///< part of the message, or of the failure
   };
   const Case cases[] = {
-      {"showAgendaWizard", "statsAgendaWizard 1; ", "\"Agenda Wizard\""},
-      {"disconnectAgendaSlides", "statsTrimlineTools 1; ", "Disconnect"},
+      {"showAgendaWizard", "statsAgendaWizard 1; ", "The Agenda Wizard template seems to be corrupted."},
+      {"disconnectAgendaSlides", "statsTrimlineTools 1; ", "If you disconnect agenda slides"},
       {"setLanguage 1031", "statsTrimlineTools 1; ", "setLanguage"},
       {"insertCopyright 2", "statsSlideWizard 1; ", "insertCopyright"},
       {"!showSettings", "", "\"Settings\""},

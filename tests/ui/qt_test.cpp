@@ -110,6 +110,21 @@ TEST_F(QtTest, CutsNothing) {
   });
 }
 
+TEST_F(QtTest, TimersOfFormsThatAreNeverShownTick) {
+  Everything form;
+  form.load();
+  toolkit().runHidden(form);
+  form.timer.enabled(true);
+  for (int i = 0; i < 200 && form.ticks == 0; ++i) QTest::qWait(5);
+  EXPECT_GT(form.ticks, 0);
+  EXPECT_FALSE(form.visible());
+  form.unload();
+  EXPECT_EQ(form.view(), nullptr);
+  const int before = form.ticks;
+  QTest::qWait(5);
+  EXPECT_EQ(form.ticks, before);
+}
+
 TEST_F(QtTest, TypingRaisesChangeAndTheProgramsChangesShow) {
   Everything form;
   show(form, [&] {

@@ -81,6 +81,10 @@ class ControlObject : public ModelObject<ControlObject>, public host::EventSourc
     require(host::msoControlDropdown);
     return items_[collectionIndex(arguments[0].toInt(), items_.size())];
   }
+  std::int32_t listCount() {
+    require(host::msoControlDropdown);
+    return static_cast<std::int32_t>(items_.size());
+  }
   std::int32_t listIndex() {
     require(host::msoControlDropdown);
     return listIndex_;
@@ -206,6 +210,7 @@ const MemberTable<ControlObject>& ControlObject::members() {
       property<&ControlObject::controls>(member::Controls),
       method<&ControlObject::addItem>(member::AddItem, 1, 2),
       method<&ControlObject::list>(member::List, 1),
+      property<&ControlObject::listCount>(member::ListCount),
       property<&ControlObject::listIndex, &ControlObject::setListIndex>(member::ListIndex),
       property<&ControlObject::text>(member::Text),
       method<&ControlObject::execute>(member::Execute),

@@ -167,6 +167,9 @@ std::string labelsOf(const Form& form) {
 }  // namespace
 
 void HeadlessToolkit::showModal(Form& form) {
+  form.activated();
+  // A dialog that closes itself as it comes up leaves nothing to answer.
+  if (!form.visible()) return;
   if (dialogs_.empty()) {
     tell({Shown::Kind::form, Icon::none, form.caption(), form.name(), {}, {}});
     if (screen && screen(form)) return;
@@ -180,7 +183,6 @@ void HeadlessToolkit::showModal(Form& form) {
          "': put a script for '" + form.name() + "' before it");
   }
   tell({Shown::Kind::form, Icon::none, form.caption(), form.name(), {}, script.text});
-  form.activated();
   for (const DialogStep& step : script.steps) {
     if (!form.visible()) {
       fail("dialog '" + form.name() + "': it was closed before the step '" + step.text + "'");

@@ -55,6 +55,8 @@ class HeadlessToolkit : public Toolkit {
   void showModal(Form& form) override;
   /// A modeless form is told and left alone.
   void showModeless(Form& form) override;
+  /// Time stands still without a screen.
+  void runHidden(Form&) override {}
   void processEvents() override {}
 
  private:

@@ -26,6 +26,8 @@ class FormWindow : public QDialog, private FormView, private PeerWindow {
   void runModal();
   /// Shows the form; the window deletes itself when the form is hidden.
   void runModeless();
+  /// Lets the form's timers tick without showing it; the window deletes itself when the form is unloaded.
+  void runHidden() { modeless_ = true; }
 
  protected:
   bool event(QEvent* event) override;

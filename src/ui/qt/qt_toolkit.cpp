@@ -160,13 +160,17 @@ void QtToolkit::showModal(Form& form) {
   qt::FormWindow(form, loops_).runModal();
 }
 
-void QtToolkit::showModeless(Form& form) {
+qt::FormWindow& QtToolkit::addModeless(Form& form) {
   useApplication();
   std::erase_if(modeless_, [](const auto& window) { return window.isNull(); });
   auto* window = new qt::FormWindow(form, loops_);
   modeless_.emplace_back(window);
-  window->runModeless();
+  return *window;
 }
+
+void QtToolkit::showModeless(Form& form) { addModeless(form).runModeless(); }
+
+void QtToolkit::runHidden(Form& form) { addModeless(form).runHidden(); }
 
 void QtToolkit::processEvents() {
   useApplication();

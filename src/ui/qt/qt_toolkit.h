@@ -31,10 +31,12 @@ class QtToolkit : public Toolkit {
   std::optional<std::string> fileDialog(const FileDialog& dialog) override;
   void showModal(Form& form) override;
   void showModeless(Form& form) override;
+  void runHidden(Form& form) override;
   void processEvents() override;
 
  private:
   int ask(QDialog& dialog);
+  qt::FormWindow& addModeless(Form& form);
 
   qt::EventLoops loops_;
   std::vector<QPointer<qt::FormWindow>> modeless_;

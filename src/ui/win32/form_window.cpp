@@ -73,6 +73,11 @@ void FormWindow::runModeless(std::function<void(FormWindow&)> gone) {
   loops_.rethrow();
 }
 
+void FormWindow::runHidden(std::function<void(FormWindow&)> gone) {
+  gone_ = std::move(gone);
+  keepsFailures_ = false;
+}
+
 void FormWindow::present() {
   placeAbove(GetWindow(handle_, GW_OWNER));
   ShowWindow(handle_, SW_SHOW);

@@ -46,6 +46,8 @@ class FormWindow : private FormView, private PeerWindow {
   void runModal();
   /// Shows the form; calls `gone` when it is hidden and the window may be deleted.
   void runModeless(std::function<void(FormWindow&)> gone);
+  /// The same without showing it: only its timers run, until it is unloaded.
+  void runHidden(std::function<void(FormWindow&)> gone);
 
  private:
   friend class FormClass;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -27,9 +28,13 @@ class Win32Toolkit : public Toolkit {
   std::optional<std::string> fileDialog(const FileDialog& dialog) override;
   void showModal(Form& form) override;
   void showModeless(Form& form) override;
+  void runHidden(Form& form) override;
   void processEvents() override;
 
  private:
+  FormWindow& addModeless(Form& form);
+  std::function<void(FormWindow&)> forget();
+
   Resources resources_;
   FormClass class_;
   EventLoops loops_;

@@ -1,0 +1,161 @@
+// What follows from the life of presentations and slide shows.
+
+#include "agenda/agenda_commands.h"
+#include "agenda/agenda_ties.h"
+#include "commands/ppt_events.h"
+#include "core/failure.h"
+#include "core/helpers.h"
+#include "core/message.h"
+#include "platform/paths.h"
+#include "services/icons.h"
+#include "tools/trimline_tools.h"
+
+namespace vellumark::commands {
+namespace {
+
+using core::globals;
+using core::trap;
+
+constexpr const char* styleTag = "zorp_style";
+constexpr const char* hiddenShapesTag = "zorp_hiddenShapes";
+
+int openPresentations() { return globals().powerPointApp.Presentations().Count(); }
+
+/// What a walk over the slides finds.
+struct SlideSurvey {
+  int agendaSlides = 0;
+  std::string withHiddenShapes;  ///< positions, each followed by ", "
+  std::string order;
+};
+
+SlideSurvey survey(const host::Presentation& presentation) {
+  SlideSurvey found;
+  const host::Slides slides = presentation.Slides();
+  const int count = slides.Count();
+  for (int i = 1; i <= count; ++i) {
+    const host::Slide slide = slides.Item(i);
+    if (agenda::isAgendaSlide(slide)) ++found.agendaSlides;
+    if (slide.Tags().Item(hiddenShapesTag) == "1") {
+      found.withHiddenShapes += std::to_string(slide.SlideIndex()) + ", ";
+    }
+    found.order += agenda::orderEntry(slide);
+  }
+  return found;
+}
+
+bool isYes(const std::string& question) {
+  return core::message(question, ui::Icon::question, ui::Buttons::yesNo) == ui::Answer::yes;
+}
+
+/// Whether the page numbers on agenda slides are stale and the user wants new ones. Presentations whose
+/// agenda shows none have no such tag.
+bool wantsPageNumbers(const host::Presentation& presentation, const std::string& order) {
+  const std::string known = presentation.Tags().Item(agenda::tags::slideOrder);
+  return !known.empty() && known != order &&
+         isYes(
+             "The page numbers on your agenda slides need to be updated."
+             "Would you like to update the page numbers now?");
+}
+
+/// The agenda goes with its last slide.
+void dropLostAgenda(const host::Presentation& presentation, int agendaSlides) {
+  const host::Tags tags = presentation.Tags();
+  if (agendaSlides == 0 && !tags.Item(agenda::tags::document).empty()) tags.Delete(agenda::tags::document);
+}
+
+bool wantsHiddenShapesSaved(std::string slides) {
+  if (slides.empty()) return true;
+  slides.resize(slides.size() - 2);
+  return isYes(
+      "There are hidden shapes on slides " + slides +
+      ".\r\nPlease ensure the hidden shapes do not contain any confidential information before "
+      "sharing the presentation.\r\nWould you like to save the presentation with hidden shapes now?");
+}
+
+void rememberStyle(const host::Presentation& presentation) {
+  const std::string& style = globals().currentStyle;
+  const host::Tags tags = presentation.Tags();
+  if (!style.empty() && tags.Item(styleTag) != style) tags.Add(styleTag, style);
+}
+
+}  // namespace
+
+void pptEvents::pptApp_NewPresentation(const host::Presentation&) {
+  trap("pptEvents, pptApp_NewPresentation", [&] {
+    if (openPresentations() == 1) togglePresentation(true);
+  });
+}
+
+void pptEvents::pptApp_PresentationOpen(const host::Presentation&) {
+  trap("pptEvents, pptApp_PresentationOpen", [&] {
+    if (openPresentations() == 1) togglePresentation(true);
+  });
+}
+
+void pptEvents::pptApp_PresentationClose(const host::Presentation&) {
+  trap("pptEvents, pptApp_PresentationClose", [&] {
+    if (openPresentations() != 1) return;
+    toggleOff();
+    togglePresentation(false);
+  });
+}
+
+void pptEvents::warnOfTemporaryFolder(const host::Presentation& presentation) const {
+  const std::string cachePath = core::getInternetCachePath(), tmpPath = core::getTmpPath();
+  const std::string name = presentation.FullName();
+  const std::string path = platform::fromSystem(name);
+  const bool temporary = path.starts_with(cachePath) || path.starts_with(tmpPath);
+  if (!temporary || presentation.ReadOnly() != host::msoFalse || noTempFolderWarning ||
+      name == lastSavedName_) {
+    return;
+  }
+  core::message(
+      "Caution! This presentation is being saved in a temporary folder.\r\nData in this folder may be "
+      "deleted "
+      "or overwritten inadvertently.",
+      ui::Icon::exclamation);
+}
+
+void pptEvents::pptApp_PresentationBeforeSave(const host::Presentation& presentation, bool& cancel) {
+  trap("pptEvents, pptApp_PresentationBeforeSave", [&] {
+    warnOfTemporaryFolder(presentation);
+    const SlideSurvey found = survey(presentation);
+    dropLostAgenda(presentation, found.agendaSlides);
+    if (wantsPageNumbers(presentation, found.order)) globals().tools->agendaUpdatePagenumbers();
+    if (!wantsHiddenShapesSaved(found.withHiddenShapes)) cancel = true;
+    if (cancel) return;
+    rememberStyle(presentation);
+    lastSavedName_ = presentation.FullName();
+  });
+}
+
+void pptEvents::pptApp_PresentationPrint(const host::Presentation& presentation) {
+  trap("pptEvents, pptApp_PresentationPrint", [&] {
+    if (wantsPageNumbers(presentation, survey(presentation).order)) agenda::updateAgendaSlides();
+  });
+}
+
+// On hosts with a ribbon the style chooser asks for itself.
+void pptEvents::pptApp_WindowActivate(const host::Presentation& presentation, const host::DocumentWindow&) {
+  trap("pptEvents, pptApp_WindowActivate", [&] {
+    globals().currentStyle = presentation.Tags().Item(styleTag);
+    if (core::isHostVersion(host::toolbarHosts) && globals().toolbarControls) {
+      globals().toolbarControls->setStyle(globals().currentStyle);
+    }
+  });
+}
+
+// A change of the setting during a show doesn't touch a timer that runs.
+void pptEvents::pptApp_SlideShowBegin() {
+  trap("pptEvents, pptApp_SlideShowBegin", [&] {
+    if (globals().screenSaverOff) services::icons().keepScreenSaverAway(true);
+  });
+}
+
+void pptEvents::pptApp_SlideShowEnd() {
+  trap("pptEvents, pptApp_SlideShowEnd", [&] {
+    if (globals().screenSaverOff) services::icons().keepScreenSaverAway(false);
+  });
+}
+
+}  // namespace vellumark::commands
