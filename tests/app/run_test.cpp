@@ -138,7 +138,7 @@ TEST_F(Run, RefusedCommandsSayWhatTheyNeed) {
       {"alignLefts", {"--view", "sorter", "--slides", "1,2"}, "at least 2 shapes"},
       {"alignLefts", {"--select", "Master", "--host", "11.0"}, "disabled"},
       {"stretchTop", {"--select", "Askew,Master", "--host", "11.0"}, "disabled"},
-      {"setMargins", {"--select", "@2,@3"}, "not in this build"},
+      {"showSettings", {}, "not in this build"},
       {"reference", {}, "--host 11.0"},
       {"wrapText", {}, "only shapes that take text"},
   };

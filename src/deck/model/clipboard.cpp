@@ -31,7 +31,9 @@ bool samePlace(const ShapeFrame& a, const ShapeFrame& b, double offset) {
   return a.x + offset == b.x && a.y + offset == b.y && a.width == b.width && a.height == b.height;
 }
 
-std::string_view nameOf(const ShapeKey& shape) { return drawingProperties(shape.node).attribute("name").value(); }
+std::string_view nameOf(const ShapeKey& shape) {
+  return drawingProperties(shape.node).attribute("name").value();
+}
 
 void moveBy(const std::vector<ShapeKey>& shapes, double offset) {
   for (const ShapeKey& shape : shapes) {
@@ -82,7 +84,8 @@ Sheet Clipboard::bringParent(const Sheet& sheet, PartCopier& copier) {
   const PartRef copy = copier.copyAlone(parent.part);
   // A master has none above it; a ring in a broken file ends there as well.
   if (parent.part->contentType().ends_with(".slideLayout+xml")) {
-    if (const Sheet master = bringParent(parent, copier)) copy->relate(*master.part, parentRelationship(master));
+    if (const Sheet master = bringParent(parent, copier))
+      copy->relate(*master.part, parentRelationship(master));
   }
   return store_->sheet(copy);
 }
@@ -94,7 +97,8 @@ void Clipboard::copyShapes(const std::vector<ShapeKey>& shapes) {
   start(source.document);
   PartCopier copier(store_->package(), &media_);
   const PartRef part = store_->package().addXml("ppt/slides/slide1.xml", slideContentType, newSlideXml({}));
-  if (const Sheet parent = bringParent(source, copier)) part->relate(*parent.part, parentRelationship(parent));
+  if (const Sheet parent = bringParent(source, copier))
+    part->relate(*parent.part, parentRelationship(parent));
   shapes_ = deck::copyShapes(sorted, store_->sheet(part), copier);
   places_.push_back(source.part);
 }

@@ -37,7 +37,8 @@ class Clipboard {
   std::vector<ShapeKey> shapes_;
   std::vector<Sheet> slides_;
   SharedMedia media_;
-  std::vector<std::weak_ptr<Part>> places_;  ///< sheets that have the shapes: the origin, and where they were pasted
+  std::vector<std::weak_ptr<Part>>
+      places_;  ///< sheets that have the shapes: the origin, and where they were pasted
 };
 
 /// Copies shapes of one sheet in front of it, 12 points to the right and down.

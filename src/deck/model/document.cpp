@@ -80,11 +80,11 @@ DocumentRef Document::scratch(bool strict) {
   const DocumentRef document(new Document);
   document->package_ = Package::create();
   Package& package = *document->package_;
-  document->presentation_ = package.addXml(
-      "ppt/presentation.xml", std::string(mainTypes[0]),
-      R"(<p:presentation xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main")"
-      R"( xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships")"
-      R"( xmlns:p="http://schemas.openxmlformats.org/presentationml/2006/main"/>)");
+  document->presentation_ =
+      package.addXml("ppt/presentation.xml", std::string(mainTypes[0]),
+                     R"(<p:presentation xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main")"
+                     R"( xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships")"
+                     R"( xmlns:p="http://schemas.openxmlformats.org/presentationml/2006/main"/>)");
   package.relate(*document->presentation_, relationshipType("officeDocument", strict));
   if (strict) makeFamily(document->presentation_->root(), strict);
   return document;

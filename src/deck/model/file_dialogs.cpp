@@ -33,7 +33,8 @@ class FiltersObject : public ModelObject<FiltersObject> {
 
   std::int32_t count() { return static_cast<std::int32_t>(all().size()); }
   void add(Arguments arguments) {
-    const auto place = argument(arguments, 2) ? collectionIndex(arguments[2].toInt(), all().size() + 1) : all().size();
+    const auto place =
+        argument(arguments, 2) ? collectionIndex(arguments[2].toInt(), all().size() + 1) : all().size();
     all().insert(all().begin() + static_cast<std::ptrdiff_t>(place),
                  {arguments[0].toString(), arguments[1].toString()});
   }
@@ -63,7 +64,9 @@ class SelectedItemsObject : public ModelObject<SelectedItemsObject> {
       : ModelObject(std::move(host)), items_(std::move(items)) {}
 
   std::int32_t count() { return static_cast<std::int32_t>(items_.size()); }
-  std::string item(Arguments arguments) { return items_[collectionIndex(arguments[0].toInt(), items_.size())]; }
+  std::string item(Arguments arguments) {
+    return items_[collectionIndex(arguments[0].toInt(), items_.size())];
+  }
 
  private:
   std::vector<std::string> items_;
@@ -116,7 +119,8 @@ class FileDialogObject : public ModelObject<FileDialogObject> {
     if (path.find('.', name) != std::string::npos) return {};
     const auto& filters = question_->filters;
     const auto chosen = static_cast<std::size_t>(filterIndex_) - 1;
-    const std::string extension = chosen < filters.size() ? extensionOf(filters[chosen].second) : std::string();
+    const std::string extension =
+        chosen < filters.size() ? extensionOf(filters[chosen].second) : std::string();
     return extension.empty() ? ".pptx" : extension;
   }
 

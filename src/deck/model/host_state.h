@@ -67,7 +67,7 @@ class HostState : public std::enable_shared_from_this<HostState> {
   /// Macros that Run finds, by lower-case address.
   std::map<std::string, std::function<void()>> macros;
   Clipboard clipboard;
-  FileAnswerer fileAnswerer;  ///< shows dialogs for files; without one they are cancelled
+  FileAnswerer fileAnswerer;     ///< shows dialogs for files; without one they are cancelled
   int presentationsCreated = 0;  ///< numbers "Presentation1" and so on
   host::ObjectRef commandBars;   ///< made on first use, hosts up to 11.0
 

@@ -56,9 +56,7 @@ xml_node requireTiming(xml_node slide, bool strict) {
 }
 
 /// p:childTnLst of a p:cTn, behind its conditions.
-xml_node requireChildren(xml_node timeNode) {
-  return childInOrder(timeNode, "p:childTnLst", {"p:subTnLst"});
-}
+xml_node requireChildren(xml_node timeNode) { return childInOrder(timeNode, "p:childTnLst", {"p:subTnLst"}); }
 
 /// The main sequence's p:cTn, made with the root around it where they are missing.
 xml_node requireMainSequence(const Sheet& slide) {
@@ -105,7 +103,8 @@ std::int32_t appendBuild(xml_node timing, std::int32_t shapeId) {
   xml_node list = childInOrder(timing, "p:bldLst", {"p:extLst"});
   std::int32_t group = 0;
   for (const xml_node build : list.children()) {
-    if (build.attribute("spid").as_int() == shapeId) group = std::max(group, build.attribute("grpId").as_int() + 1);
+    if (build.attribute("spid").as_int() == shapeId)
+      group = std::max(group, build.attribute("grpId").as_int() + 1);
   }
   xml_node build = list.append_child("p:bldP");
   build.append_attribute("spid").set_value(shapeId);
@@ -115,7 +114,8 @@ std::int32_t appendBuild(xml_node timing, std::int32_t shapeId) {
 }
 
 xml_node insertMotion(xml_node list, xml_node before, std::int32_t shapeId, std::int32_t timeNodeId) {
-  xml_node motion = before ? list.insert_child_before("p:animMotion", before) : list.append_child("p:animMotion");
+  xml_node motion =
+      before ? list.insert_child_before("p:animMotion", before) : list.append_child("p:animMotion");
   motion.append_attribute("origin").set_value("layout");
   motion.append_attribute("pathEditMode").set_value("relative");
   xml_node behavior = motion.append_child("p:cBhvr");
@@ -145,8 +145,8 @@ xml_node addMotionEffect(const Sheet& slide, std::int32_t shapeId, bool hasText,
   std::int32_t nextId = highestTimeNode(timing) + 1;
 
   const xml_node before = position < effects.size() ? clickOf(effects[position], list) : xml_node();
-  xml_node click = appendTimeNode(before ? list.insert_child_before("p:par", before) : list.append_child("p:par"),
-                                  nextId);
+  xml_node click =
+      appendTimeNode(before ? list.insert_child_before("p:par", before) : list.append_child("p:par"), nextId);
   click.append_attribute("fill").set_value("hold");
   appendDelay(click, "indefinite");
   xml_node step = appendTimeNode(click.append_child("p:childTnLst").append_child("p:par"), nextId);

@@ -58,12 +58,14 @@ std::string masterXml() {
     out << "/></p:nvPr></p:nvSpPr><p:spPr><a:xfrm><a:off x=\"" << place.x << "\" y=\"" << place.y
         << "\"/><a:ext cx=\"" << place.width << "\" cy=\"" << place.height
         << R"("/></a:xfrm><a:prstGeom prst="rect"><a:avLst/></a:prstGeom>)";
-    if (image) out << R"(<a:noFill/><a:ln w="12700"><a:solidFill><a:prstClr val="black"/></a:solidFill></a:ln>)";
+    if (image)
+      out << R"(<a:noFill/><a:ln w="12700"><a:solidFill><a:prstClr val="black"/></a:solidFill></a:ln>)";
     out << "</p:spPr>";
     if (!image) {
       out << "<p:txBody><a:bodyPr/><a:lstStyle/>"
-          << (place.index == 1 ? R"(<a:p><a:r><a:rPr lang="en-US"/><a:t>Click to edit Master text styles</a:t></a:r></a:p>)"
-                               : numberField)
+          << (place.index == 1
+                  ? R"(<a:p><a:r><a:rPr lang="en-US"/><a:t>Click to edit Master text styles</a:t></a:r></a:p>)"
+                  : numberField)
           << "</p:txBody>";
     }
     out << "</p:sp>";
@@ -95,11 +97,13 @@ std::string pageXml(const Sheet& master) {
       out << "<p:sp><p:nvSpPr><p:cNvPr id=\"" << id << "\" name=\"" << usual.name << ' ' << id - 1
           << "\"/><p:cNvSpPr>" << (image ? imageLocks : R"(<a:spLocks noGrp="1"/>)")
           << "</p:cNvSpPr><p:nvPr><p:ph type=\"" << type << '"';
-      if (const pugi::xml_attribute index = place.attribute("idx")) out << " idx=\"" << index.as_uint() << '"';
+      if (const pugi::xml_attribute index = place.attribute("idx"))
+        out << " idx=\"" << index.as_uint() << '"';
       out << "/></p:nvPr></p:nvSpPr><p:spPr/>";
       if (!image) {
         out << "<p:txBody><a:bodyPr/><a:lstStyle/>"
-            << (type == "sldNum" ? numberField : std::string_view(R"(<a:p><a:endParaRPr lang="en-US"/></a:p>)"))
+            << (type == "sldNum" ? numberField
+                                 : std::string_view(R"(<a:p><a:endParaRPr lang="en-US"/></a:p>)"))
             << "</p:txBody>";
       }
       out << "</p:sp>";
@@ -112,13 +116,13 @@ std::string pageXml(const Sheet& master) {
 
 /// Lists a notes master in presentation.xml.
 void listMaster(Document& document, const Part& master) {
-  xml_node list = childInOrder(
-      document.presentation(), "p:notesMasterIdLst",
-      {"p:handoutMasterIdLst", "p:sldIdLst", "p:sldSz", "p:notesSz", "p:smartTags", "p:embeddedFontLst",
-       "p:custShowLst", "p:photoAlbum", "p:custDataLst", "p:kinsoku", "p:defaultTextStyle", "p:modifyVerifier",
-       "p:extLst"});
+  xml_node list = childInOrder(document.presentation(), "p:notesMasterIdLst",
+                               {"p:handoutMasterIdLst", "p:sldIdLst", "p:sldSz", "p:notesSz", "p:smartTags",
+                                "p:embeddedFontLst", "p:custShowLst", "p:photoAlbum", "p:custDataLst",
+                                "p:kinsoku", "p:defaultTextStyle", "p:modifyVerifier", "p:extLst"});
   xml_node entry = list.append_child("p:notesMasterId");
-  entry.append_attribute("r:id").set_value(document.presentationPart()->relate(master, "notesMaster").c_str());
+  entry.append_attribute("r:id").set_value(
+      document.presentationPart()->relate(master, "notesMaster").c_str());
   document.touch(*document.presentationPart());
 }
 
@@ -126,7 +130,8 @@ void listMaster(Document& document, const Part& master) {
 std::string themeXml(Document& document) {
   for (const Sheet& master : document.masters()) {
     const Relationship* relationship = master.part->firstRelationship("theme");
-    if (const PartRef theme = relationship ? master.part->target(*relationship) : nullptr) return theme->bytes();
+    if (const PartRef theme = relationship ? master.part->target(*relationship) : nullptr)
+      return theme->bytes();
   }
   throw FormatError(document.presentationPart()->name(),
                     "has no slide master with a theme, which notes pages need");

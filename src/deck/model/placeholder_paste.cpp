@@ -72,7 +72,8 @@ void inheritChildren(xml_node target, xml_node source, Schema schema, bool stric
   for (auto group = schema.begin(); group != schema.end(); ++group) {
     const auto of = [&](xml_node parent, const Names& names) {
       return parent.find_child([&](xml_node child) {
-        return std::ranges::any_of(names, [&](const char* name) { return std::string_view(child.name()) == name; });
+        return std::ranges::any_of(names,
+                                   [&](const char* name) { return std::string_view(child.name()) == name; });
       });
     };
     const xml_node missing = of(source, *group);
@@ -88,7 +89,8 @@ void inheritAttributes(xml_node target, xml_node source) {
   for (const pugi::xml_attribute attribute : source.attributes()) {
     const std::string_view name = attribute.name();
     if (name.starts_with("xmlns") || name.find(':') != std::string_view::npos) continue;
-    if (!target.attribute(attribute.name())) target.append_attribute(attribute.name()).set_value(attribute.value());
+    if (!target.attribute(attribute.name()))
+      target.append_attribute(attribute.name()).set_value(attribute.value());
   }
 }
 
@@ -121,7 +123,8 @@ void inheritLevel(xml_node target, xml_node source, bool strict) {
                    {"a:tabLst"},
                    {"a:defRPr"}},
                   strict);
-  if (const xml_node format = source.child("a:defRPr")) inheritRunFormat(target.child("a:defRPr"), format, strict);
+  if (const xml_node format = source.child("a:defRPr"))
+    inheritRunFormat(target.child("a:defRPr"), format, strict);
 }
 
 /// Writes the text formats that a placeholder inherits into its copy, for the levels that its text has.
@@ -138,7 +141,8 @@ void inheritText(const ShapeKey& copy, const ShapeKey& source, bool strict) {
     if (!own) {
       xml_node before = list.child("a:extLst");
       for (int next = 9; next > level; --next) {
-        if (const xml_node later = list.child(("a:lvl" + std::to_string(next) + "pPr").c_str())) before = later;
+        if (const xml_node later = list.child(("a:lvl" + std::to_string(next) + "pPr").c_str()))
+          before = later;
       }
       own = before ? list.insert_child_before(name.c_str(), before) : list.append_child(name.c_str());
     }
@@ -163,17 +167,13 @@ void inheritLook(const ShapeKey& copy, const ShapeKey& source, bool strict) {
   xml_node properties = requireVisualProperties(copy.node);
   for (ShapeKey holder = inheritedPlaceholder(source); holder.node; holder = inheritedPlaceholder(holder)) {
     inheritChildren(properties, visualProperties(holder.node),
-                    {{"a:custGeom", "a:prstGeom"},
-                     fills,
-                     {"a:ln"},
-                     effects,
-                     {"a:scene3d"},
-                     {"a:sp3d"}},
+                    {{"a:custGeom", "a:prstGeom"}, fills, {"a:ln"}, effects, {"a:scene3d"}, {"a:sp3d"}},
                     strict);
   }
   if (!properties.child("a:prstGeom") && !properties.child("a:custGeom")) {
     const xml_node frame = properties.child("a:xfrm");
-    xml_node geometry = frame ? properties.insert_child_after("a:prstGeom", frame) : properties.prepend_child("a:prstGeom");
+    xml_node geometry =
+        frame ? properties.insert_child_after("a:prstGeom", frame) : properties.prepend_child("a:prstGeom");
     geometry.append_attribute("prst").set_value("rect");
     geometry.append_child("a:avLst");
   }
@@ -206,7 +206,8 @@ void placePlaceholders(const std::vector<ShapeKey>& copies, const std::vector<Sh
   for (std::size_t i = 0; i < copies.size(); ++i) {
     if (!wanted[i]) continue;
     const bool text = shapeElement(copies[i].node) == ShapeElement::shape;
-    const xml_node place = isSlide(copies[i].sheet) ? freePlace(copies[i].sheet, wanted[i], text) : xml_node();
+    const xml_node place =
+        isSlide(copies[i].sheet) ? freePlace(copies[i].sheet, wanted[i], text) : xml_node();
     if (!place) {
       becomePlain(copies[i], sources[i]);
       continue;

@@ -34,7 +34,8 @@ void removeWithEmptyLists(xml_node element) {
   xml_node parent = element.parent();
   parent.remove_child(element);
   const std::string_view name = localName(parent);
-  if ((name == "extLst" || name == "custDataLst") && !parent.first_child()) parent.parent().remove_child(parent);
+  if ((name == "extLst" || name == "custDataLst") && !parent.first_child())
+    parent.parent().remove_child(parent);
 }
 
 }  // namespace
@@ -49,7 +50,8 @@ void dropReferences(xml_node node, std::string_view id) {
   for (;;) {
     // One at a time: what goes with the first may hold the next.
     const std::vector<Reference> all = referencesIn(node);
-    const auto found = std::ranges::find_if(all, [&](const Reference& one) { return id == one.attribute.value(); });
+    const auto found =
+        std::ranges::find_if(all, [&](const Reference& one) { return id == one.attribute.value(); });
     if (found == all.end()) return;
     xml_node element = found->element;
     if (const xml_node whole = meaninglessWithout(element, node)) {

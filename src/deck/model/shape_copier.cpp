@@ -30,8 +30,9 @@ class Renumbering {
   void number(xml_node node, bool fallback = false) {
     if (shapeElement(node) != ShapeElement::none) give(node, fallback);
     if (shapeElement(node) == ShapeElement::graphicFrame) numberPictures(node);
-    const bool container = shapeElement(node) == ShapeElement::group || isNamed(node, "mc:AlternateContent") ||
-                           isNamed(node, "mc:Choice") || isNamed(node, "mc:Fallback");
+    const bool container = shapeElement(node) == ShapeElement::group ||
+                           isNamed(node, "mc:AlternateContent") || isNamed(node, "mc:Choice") ||
+                           isNamed(node, "mc:Fallback");
     if (!container) return;
     for (xml_node child : node.children()) number(child, fallback || isNamed(node, "mc:Fallback"));
   }
@@ -149,13 +150,15 @@ std::vector<ShapeKey> inZOrder(const std::vector<ShapeKey>& shapes) {
   std::vector<ShapeKey> sorted;
   for (const xml_node node : order) {
     bool within = false;
-    for (xml_node group = parentGroup(node); group; group = parentGroup(group)) within = within || chosen(group);
+    for (xml_node group = parentGroup(node); group; group = parentGroup(group))
+      within = within || chosen(group);
     if (chosen(node) && !within) sorted.push_back({shapes.front().sheet, node});
   }
   return sorted;
 }
 
-std::vector<ShapeKey> copyShapes(const std::vector<ShapeKey>& shapes, const Sheet& target, PartCopier& copier) {
+std::vector<ShapeKey> copyShapes(const std::vector<ShapeKey>& shapes, const Sheet& target,
+                                 PartCopier& copier) {
   std::vector<ShapeKey> copies;
   if (shapes.empty()) return copies;
   const Sheet& source = shapes.front().sheet;

@@ -13,7 +13,8 @@ namespace vellumark::deck {
 /// their own, which connectors among them follow; connectors to shapes that are not copied come loose, and
 /// links to slides that the other presentation lacks go. A member of a group is copied as it lies on the
 /// slide. Placeholders stay placeholders: what becomes of them is the caller's to say.
-std::vector<ShapeKey> copyShapes(const std::vector<ShapeKey>& shapes, const Sheet& target, PartCopier& copier);
+std::vector<ShapeKey> copyShapes(const std::vector<ShapeKey>& shapes, const Sheet& target,
+                                 PartCopier& copier);
 
 /// Shapes without those that stand in a group among them, the one at the back first.
 std::vector<ShapeKey> inZOrder(const std::vector<ShapeKey>& shapes);

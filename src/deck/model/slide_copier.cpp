@@ -55,15 +55,18 @@ Sheet layoutIn(Document& target, const Sheet& slide) {
     for (Sheet& layout : target.layoutsOf(master)) layouts.push_back(std::move(layout));
   }
   if (layouts.empty()) {
-    base::raise(base::errors::invalidRequest,
-                "Slides.Paste: Invalid request. " + target.name() +
-                    " has no slide layout that the slide could follow; add a slide master with a layout to it.");
+    base::raise(
+        base::errors::invalidRequest,
+        "Slides.Paste: Invalid request. " + target.name() +
+            " has no slide layout that the slide could follow; add a slide master with a layout to it.");
   }
   if (!own) return layouts.front();
   const std::string_view name = layoutName(own), type = layoutType(own);
-  auto found = std::ranges::find_if(layouts, [&](const Sheet& one) { return !name.empty() && layoutName(one) == name; });
+  auto found = std::ranges::find_if(
+      layouts, [&](const Sheet& one) { return !name.empty() && layoutName(one) == name; });
   if (found == layouts.end()) {
-    found = std::ranges::find_if(layouts, [&](const Sheet& one) { return type != "cust" && layoutType(one) == type; });
+    found = std::ranges::find_if(layouts,
+                                 [&](const Sheet& one) { return type != "cust" && layoutType(one) == type; });
   }
   return found == layouts.end() ? layouts.front() : *found;
 }

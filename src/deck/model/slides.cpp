@@ -228,7 +228,8 @@ class SlidesObject : public ModelObject<SlidesObject> {
     const std::vector<SlideEntry> entries = source->slides();
     const auto last = argumentOr<std::int32_t>(arguments, 3, -1);
     const std::size_t end = last == -1 ? entries.size() : collectionIndex(last, entries.size()) + 1;
-    const std::size_t first = entries.empty() ? 0 : collectionIndex(argumentOr<std::int32_t>(arguments, 2, 1), end);
+    const std::size_t first =
+        entries.empty() ? 0 : collectionIndex(argumentOr<std::int32_t>(arguments, 2, 1), end);
     std::vector<Sheet> slides;
     for (std::size_t i = first; i < end; ++i) slides.push_back(source->slide(entries[i].id));
     PartCopier copier(document_->package());

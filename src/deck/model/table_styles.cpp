@@ -27,9 +27,9 @@ PartRef requireStylesPart(Document& document) {
   if (PartRef part = stylesPart(document)) return part;
   Package& package = document.package();
   const bool free = package.part("ppt/tableStyles.xml") == nullptr;
-  PartRef part = package.addXml(free ? "ppt/tableStyles.xml" : package.freeName("ppt/tableStyles%d.xml"),
-                                "application/vnd.openxmlformats-officedocument.presentationml.tableStyles+xml",
-                                noStyles);
+  PartRef part = package.addXml(
+      free ? "ppt/tableStyles.xml" : package.freeName("ppt/tableStyles%d.xml"),
+      "application/vnd.openxmlformats-officedocument.presentationml.tableStyles+xml", noStyles);
   document.presentationPart()->relate(*part, "tableStyles");
   return part;
 }

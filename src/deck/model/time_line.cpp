@@ -33,7 +33,8 @@ class MotionEffectObject : public ModelObject<MotionEffectObject> {
     };
     return table;
   }
-  MotionEffectObject(HostRef host, TimeKey motion) : ModelObject(std::move(host)), motion_(std::move(motion)) {}
+  MotionEffectObject(HostRef host, TimeKey motion)
+      : ModelObject(std::move(host)), motion_(std::move(motion)) {}
   void requireAlive() const { motion_.requireAlive(); }
 
   std::string path() { return motion_.node.attribute("path").value(); }
@@ -99,7 +100,7 @@ class BehaviorObject : public ModelObject<BehaviorObject> {
   /// MsoAnimType.
   std::int32_t type() {
     static constexpr std::pair<std::string_view, std::int32_t> types[] = {
-        {"p:animMotion", 1}, {"p:animClr", 2}, {"p:animScale", 3}, {"p:animRot", 4},
+        {"p:animMotion", 1}, {"p:animClr", 2}, {"p:animScale", 3},  {"p:animRot", 4},
         {"p:anim", 5},       {"p:cmd", 6},     {"p:animEffect", 7}, {"p:set", 8}};
     for (const auto& [name, type] : types) {
       if (name == behavior_.node.name()) return type;
@@ -228,8 +229,8 @@ class SequenceObject : public ModelObject<SequenceObject> {
     const std::size_t count = mainEffects(slide_).size();
     const std::size_t position = index == -1 ? count : collectionIndex(index, count + 1);
     const bool hasText = shapeElement(shape.node) == ShapeElement::shape;
-    return effect(addMotionEffect(slide_, shapeId(shape.node), hasText, position, pathToTheRight,
-                                  "M 0 0 L 0.25 0 E"));
+    return effect(
+        addMotionEffect(slide_, shapeId(shape.node), hasText, position, pathToTheRight, "M 0 0 L 0.25 0 E"));
   }
 
  private:
@@ -241,7 +242,9 @@ class SequenceObject : public ModelObject<SequenceObject> {
     base::raise(base::errors::invalidRequest,
                 "Sequence.AddEffect: Invalid request. The shape doesn't stand on this slide by itself.");
   }
-  host::ObjectRef effect(xml_node node) { return std::make_shared<EffectObject>(host(), TimeKey{slide_, node}); }
+  host::ObjectRef effect(xml_node node) {
+    return std::make_shared<EffectObject>(host(), TimeKey{slide_, node});
+  }
   Sheet slide_;
 };
 

@@ -210,7 +210,8 @@ std::string inFamily(std::string_view uri, bool strict) {
   // ".../presentationml/2006/main" is "http://purl.oclc.org/ooxml/presentationml/main" where strict.
   constexpr std::string_view transitionalBase = "http://schemas.openxmlformats.org/", year = "/2006/";
   constexpr std::string_view strictBase = "http://purl.oclc.org/ooxml/";
-  const std::string_view from = strict ? transitionalBase : strictBase, into = strict ? strictBase : transitionalBase;
+  const std::string_view from = strict ? transitionalBase : strictBase,
+                         into = strict ? strictBase : transitionalBase;
   constexpr std::string_view languages[] = {"presentationml", "drawingml", "officeDocument", "spreadsheetml",
                                             "wordprocessingml"};
   if (!uri.starts_with(from)) return std::string(uri);
@@ -229,7 +230,8 @@ void makeFamily(pugi::xml_node element, bool strict) {
   const bool graphic = std::string_view(element.name()) == "a:graphicData";
   for (pugi::xml_attribute attribute : element.attributes()) {
     const bool uri = graphic && std::string_view(attribute.name()) == "uri";
-    if (uri || declaredPrefix(attribute.name())) attribute.set_value(inFamily(attribute.value(), strict).c_str());
+    if (uri || declaredPrefix(attribute.name()))
+      attribute.set_value(inFamily(attribute.value(), strict).c_str());
   }
   for (pugi::xml_node child : element.children()) {
     if (child.type() == pugi::node_element) makeFamily(child, strict);

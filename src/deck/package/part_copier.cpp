@@ -18,16 +18,17 @@ bool isMedia(Part& part) {
 
 /// Whether a part is none of a shape or slide but of the whole presentation.
 bool belongsToPresentation(const Part& part) {
-  constexpr std::string_view types[] = {".main+xml",       ".slide+xml",         ".slideLayout+xml",
-                                        ".slideMaster+xml", ".notesSlide+xml",    ".notesMaster+xml",
+  constexpr std::string_view types[] = {".main+xml",          ".slide+xml",          ".slideLayout+xml",
+                                        ".slideMaster+xml",   ".notesSlide+xml",     ".notesMaster+xml",
                                         ".handoutMaster+xml", ".commentAuthors+xml", ".authors+xml",
-                                        ".presProps+xml",   ".viewProps+xml",     ".tableStyles+xml"};
+                                        ".presProps+xml",     ".viewProps+xml",      ".tableStyles+xml"};
   return std::ranges::any_of(types, [&](std::string_view end) { return part.contentType().ends_with(end); });
 }
 
 /// Comments name their authors by numbers of their own presentation.
 bool isComments(const Part& part) {
-  return part.contentType().ends_with(".comments+xml") || part.contentType() == "application/vnd.ms-powerpoint.comments+xml";
+  return part.contentType().ends_with(".comments+xml") ||
+         part.contentType() == "application/vnd.ms-powerpoint.comments+xml";
 }
 
 /// The pattern for names of copies: "ppt/media/image12.png" gives "ppt/media/image%d.png".

@@ -47,7 +47,8 @@ class PartCopier {
 
   /// Relates `target` to what a relationship of `source` leads to, and returns the id: `id` or, where that is
   /// empty, a new one. Empty where the relationship is left out.
-  std::string relate(Part& source, const Relationship& relationship, Part& target, const std::string& id = {});
+  std::string relate(Part& source, const Relationship& relationship, Part& target,
+                     const std::string& id = {});
 
   /// The ids of relationships that were left out when `copy` was made.
   std::vector<std::string> leftOut(const PartRef& copy) const;

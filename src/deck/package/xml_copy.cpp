@@ -113,7 +113,8 @@ xml_node unwrapChoice(xml_node alternative, const char* name, bool strict) {
   const xml_node element = copyElement(choice.child(name), parent, alternative, strict);
   for (const std::string& prefix : words(choice.attribute("Requires").value())) {
     declare(element, prefix, namespaceAt(choice, prefix));
-    if (!ignorableAt(element).contains(std::string(namespaceAt(choice, prefix)))) makeIgnorable(element, prefix);
+    if (!ignorableAt(element).contains(std::string(namespaceAt(choice, prefix))))
+      makeIgnorable(element, prefix);
   }
   parent.remove_child(alternative);
   return element;
@@ -130,7 +131,8 @@ xml_node copyElement(xml_node source, xml_node parent, xml_node before, bool str
     // A prefix that stands for nothing stays so, but for elements without one.
     if (meant.empty() && !prefix.empty()) continue;
     if (meant != namespaceAt(parent, prefix)) declare(copy, prefix, meant);
-    if (!prefix.empty() && ignored.contains(meant) && !ignoredThere.contains(meant)) makeIgnorable(copy, prefix);
+    if (!prefix.empty() && ignored.contains(meant) && !ignoredThere.contains(meant))
+      makeIgnorable(copy, prefix);
   }
   return copy;
 }
