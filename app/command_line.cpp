@@ -5,9 +5,11 @@
 #include <CLI/Formatter.hpp>
 #include <exception>
 #include <new>
+#include <optional>
 #include <string>
 
 #include "base/error.h"
+#include "commands/agenda.h"
 #include "commands/commands.h"
 #include "commands/demo.h"
 #include "commands/ribbon.h"
@@ -23,6 +25,7 @@ const char* const overview = R"(Examples:
   vellumark show deck.pptx                 what is on the slides, and how shapes are called
   vellumark commands                       what can be done with them
   vellumark run alignLefts deck.pptx --slide 3 --select 'Box 1,Box 2' -o aligned.pptx
+  vellumark agenda deck.pptx --items topics.txt -o out.pptx     agenda slides from a list of topics
 
 "vellumark SUBCOMMAND --help" tells more, with examples.
 
@@ -66,6 +69,16 @@ Examples:
   vellumark ribbon deck.pptx --slide 3 --select 'Box 1,Box 2'
   vellumark ribbon deck.pptx --slides 2-4 --json)";
 
+const char* const agendaHelp =
+    R"(FILE is plain text with an item a line, those of the second level behind a tab or two blanks, or CSV with
+the columns level, text, responsible, minutes, break, shown, own slide. Items that the agenda has already keep their
+slides; new slides come at the end of the deck. --export writes the items in that form, to -o FILE or to standard output.
+
+Examples:
+  vellumark agenda deck.pptx --items topics.txt --style 'Vellumark Grey' --start 13:30 --times -o out.pptx
+  vellumark agenda deck.pptx --export -o topics.csv
+  vellumark agenda deck.pptx --pages --in-place      after slides were moved)";
+
 const char* const demoHelp =
     R"(Takes the first slide with enough shapes, brings the row on it in line, makes it equally wide and closes its gaps.
 
@@ -81,6 +94,10 @@ const char* const dialogDescription = R"(Answer a dialog; again for further ones
 'FORM: control=value; control(2)=value; button')";
 const char* const answerDescription = R"(Answer a message box by its button, an input box by its
 text; again for further ones, in order (default: the box's own))";
+
+const char* const itemsDescription = R"(The items, as text or CSV (default: those of the agenda
+that the deck holds))";
+const char* const exportDescription = "Write the items of the deck's agenda as CSV instead";
 
 /// Gives a help page its examples, and room for the longest option.
 void describe(CLI::App& command, const char* footer) {
@@ -156,6 +173,46 @@ void addRun(CLI::App& program, RunOptions& options) {
   describe(run, runHelp);
 }
 
+/// A switch with its opposite; neither leaves things as they are.
+void addSwitch(CLI::App& command, const std::string& name, const char* description,
+               std::optional<bool>& value) {
+  CLI::Option* on = command
+                        .add_flag_callback(
+                            "--" + name, [&value] { value = true; }, description)
+                        ->option_text(" ");
+  command
+      .add_flag_callback(
+          "--no-" + name, [&value] { value = false; }, "... or not")
+      ->excludes(on)
+      ->option_text(" ");
+}
+
+void addAgenda(CLI::App& program, AgendaCommandOptions& options) {
+  CLI::App& agenda = *program.add_subcommand("agenda", "Make the agenda slides of a deck, or list its items");
+  agenda.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
+  CLI::Option* items = agenda.add_option("--items", options.items, itemsDescription)->option_text("FILE");
+  CLI::Option* style = agenda.add_option("--style", options.agenda.style, "Take over the look of a style")
+                           ->option_text("NAME");
+  agenda.add_option("--title", options.agenda.title, "Title of the agenda slides")->option_text("TEXT");
+  agenda.add_option("--subtitle", options.agenda.subtitle, "The line below it")->option_text("TEXT");
+  agenda.add_option("--start", options.agenda.start, "When the first item begins")->option_text("HH:MM");
+  addSwitch(agenda, "numbers", "Number the items", options.agenda.numbers);
+  addSwitch(agenda, "responsible", "Show who is responsible", options.agenda.responsible);
+  addSwitch(agenda, "times", "Show when each item begins and ends", options.agenda.times);
+  addSwitch(agenda, "pages", "Show the number of each item's slide", options.agenda.pages);
+  agenda.get_option("--pages")->excludes("--times");
+  CLI::Option* exporting = agenda.add_flag("--export", options.exportItems, exportDescription);
+  exporting->excludes(items)->excludes(style)->option_text(" ");
+  CLI::Option* out = agenda.add_option("-o", options.out, "Write the result there")->option_text("OUT");
+  agenda.add_flag("--in-place", options.inPlace, "Write the result over the deck")
+      ->excludes(out)
+      ->excludes(exporting)
+      ->option_text(" ");
+  agenda.add_option("--root", options.root, "The installation (default: the program's own)")
+      ->option_text("DIR");
+  describe(agenda, agendaHelp);
+}
+
 void addDemo(CLI::App& program, DemoOptions& options) {
   CLI::App& demo = *program.add_subcommand("demo", "Straighten a slide and show what moved");
   demo.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
@@ -182,6 +239,8 @@ Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surro
   addRun(program, runOptions);
   RibbonOptions ribbonOptions;
   addRibbon(program, ribbonOptions);
+  AgendaCommandOptions agendaOptions;
+  addAgenda(program, agendaOptions);
   addDemo(program, demoOptions);
 
   const auto chosen = [&] { return program.get_subcommands(); };
@@ -206,6 +265,7 @@ Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surro
   if (subcommand == "commands") return listCommands(commandsJson);
   if (subcommand == "run") return run(runOptions, surroundings);
   if (subcommand == "ribbon") return ribbon(ribbonOptions, surroundings);
+  if (subcommand == "agenda") return agenda(agendaOptions, surroundings);
   return demo(demoOptions, surroundings);
 }
 
