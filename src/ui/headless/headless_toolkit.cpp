@@ -155,7 +155,7 @@ std::string labelsOf(const Form& form) {
   bool names = false;
   for (const Control* control : form.controls()) {
     const auto* label = dynamic_cast<const Label*>(control);
-    if (!label || !label->visible()) continue;
+    if (!label || !label->visible() || label->caption().empty()) continue;
     if (!text.empty()) text += names ? ": " : "\n";
     text += plainCaption(label->caption());
     const std::string& name = label->name();
