@@ -17,6 +17,7 @@ using core::trap;
 
 constexpr double pointsPerCentimetre = 28.35;
 constexpr double mostCentimetres = 1000;
+constexpr int tenth = 10;  ///< of a centimetre, as the spinners count
 /// Of a range whose shapes differ.
 constexpr float mixedMargin = host::mixed;
 
@@ -42,6 +43,7 @@ MarginInput::MarginInput() : Form("MarginInput", "Set margins") {
   Opt[1].caption("&Individual margins");
   Opt[0].value(true);
   tbMargin.size(8);
+  udMargin.smallChange(tenth);
   const auto field = [](ui::TextBox& box, ui::ScrollBar& spinner) {
     return ui::row({ui::Box(box), ui::Box(spinner)}).gap(0);
   };
@@ -49,6 +51,7 @@ MarginInput::MarginInput() : Form("MarginInput", "Set margins") {
   for (std::size_t i = 0; i < tbM.size(); ++i) {
     lM[i].caption(sides[i]);
     tbM[i].size(8);
+    udM[i].smallChange(tenth);
     rows.emplace_back(lM[i]);
     rows.push_back(field(tbM[i], udM[i]));
     tbM[i].onValidate = [this, i](bool& cancel) { tbM_Validate(i, cancel); };

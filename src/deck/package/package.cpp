@@ -24,6 +24,8 @@ struct Package::State {
   std::unordered_map<std::string, PartRef> byName;
   /// Entries by key, those that are no parts (.rels) among them; of two with one name the first counts.
   std::unordered_map<std::string, std::size_t> entries;
+  /// Below these numbers no name of a pattern is free; none becomes free before the file is written.
+  std::unordered_map<std::string, std::size_t> lowestFree;
   bool partsChanged = false;  ///< some were added or removed
 
   void checkDirectory(const std::string& path) const;
@@ -242,7 +244,8 @@ PartRef Package::addBytes(const std::string& name, const std::string& contentTyp
 
 std::string Package::freeName(const std::string& pattern) const {
   const std::size_t place = pattern.find("%d");
-  for (std::size_t number = 1;; ++number) {
+  std::size_t& number = state_->lowestFree.try_emplace(pattern, 1).first->second;
+  for (;; ++number) {
     std::string name = pattern;
     name.replace(place, 2, std::to_string(number));
     // The name of a part that was removed stays taken until the file is written, so that links to the old
