@@ -1,5 +1,6 @@
 #include "deck/model/new_presentation.h"
 
+#include <algorithm>
 #include <sstream>
 #include <string_view>
 #include <vector>
@@ -20,9 +21,9 @@ constexpr std::string_view groupProperties =
 /// A placeholder of a layout or master; lengths in EMU.
 struct Placeholder {
   const char* name;
-  const char* type;  ///< p:ph/@type, empty for a content placeholder
-  int index;         ///< p:ph/@idx, 0 for none
-  long x, y, width, height;
+  const char* type;          ///< p:ph/@type, empty for a content placeholder
+  int index;                 ///< p:ph/@idx, 0 for none
+  long x, y, width, height;  ///< a width of 0 leaves the frame to the master
   const char* prompt;
 };
 
@@ -31,6 +32,8 @@ struct LayoutPlan {
   const char* name;
   std::vector<Placeholder> placeholders;
 };
+
+constexpr std::string_view colorMapOverride = "<p:clrMapOvr><a:masterClrMapping/></p:clrMapOvr>";
 
 // The slide is 12192000 by 6858000 EMU; the margins are 66 points.
 constexpr long left = 838200, wide = 10515600, bodyTop = 1825625, bodyHigh = 4351338, half = 5181600;
@@ -73,12 +76,14 @@ void writePlaceholder(std::ostream& out, const Placeholder& placeholder, int id)
       << "\"/><p:cNvSpPr><a:spLocks noGrp=\"1\"/></p:cNvSpPr><p:nvPr><p:ph";
   if (*placeholder.type) out << " type=\"" << placeholder.type << '"';
   if (placeholder.index) out << " idx=\"" << placeholder.index << '"';
-  out << "/></p:nvPr></p:nvSpPr><p:spPr><a:xfrm><a:off x=\"" << placeholder.x << "\" y=\"" << placeholder.y
-      << "\"/><a:ext cx=\"" << placeholder.width << "\" cy=\"" << placeholder.height
-      << "\"/></a:xfrm><a:prstGeom "
-         "prst=\"rect\"><a:avLst/></a:prstGeom></p:spPr><p:txBody><a:bodyPr/><a:lstStyle/>"
-      << "<a:p><a:r><a:rPr lang=\"en-US\"/><a:t>" << placeholder.prompt
-      << "</a:t></a:r></a:p></p:txBody></p:sp>";
+  out << "/></p:nvPr></p:nvSpPr><p:spPr>";
+  if (placeholder.width > 0) {
+    out << "<a:xfrm><a:off x=\"" << placeholder.x << "\" y=\"" << placeholder.y << "\"/><a:ext cx=\""
+        << placeholder.width << "\" cy=\"" << placeholder.height
+        << R"("/></a:xfrm><a:prstGeom prst="rect"><a:avLst/></a:prstGeom>)";
+  }
+  out << "</p:spPr><p:txBody><a:bodyPr/><a:lstStyle/><a:p><a:r><a:rPr lang=\"en-US\"/><a:t>"
+      << placeholder.prompt << "</a:t></a:r></a:p></p:txBody></p:sp>";
 }
 
 std::string sheetXml(std::string_view element, std::string_view attributes, const char* name,
@@ -153,7 +158,6 @@ std::unique_ptr<Package> newPresentation() {
   constexpr std::string_view colorMap =
       R"(<p:clrMap bg1="lt1" tx1="dk1" bg2="lt2" tx2="dk2" accent1="accent1" accent2="accent2" accent3="accent3" )"
       R"(accent4="accent4" accent5="accent5" accent6="accent6" hlink="hlink" folHlink="folHlink"/>)";
-  constexpr std::string_view colorMapOverride = "<p:clrMapOvr><a:masterClrMapping/></p:clrMapOvr>";
   constexpr std::string_view background =
       R"(<p:bg><p:bgRef idx="1001"><a:schemeClr val="bg1"/></p:bgRef></p:bg>)";
   // Ids of masters and layouts share one range, from 2^31 up.
@@ -226,10 +230,24 @@ pugi::xml_node appendPlaceholder(pugi::xml_node tree, pugi::xml_node model, std:
   return made;
 }
 
+std::string inheritingLayoutXml(std::string_view type) {
+  const auto& plans = layoutPlans();
+  const auto plan = std::ranges::find(plans, type, &LayoutPlan::type);
+  if (plan == plans.end()) return {};
+  std::vector<Placeholder> placeholders = plan->placeholders;
+  for (Placeholder& placeholder : placeholders) {
+    const bool isTitle = placeholder.x == left && placeholder.y == titleOnTop.y;
+    const bool isBody = placeholder.x == left && placeholder.y == bodyTop && placeholder.width == wide;
+    if (!isTitle && !isBody) return {};
+    placeholder.width = 0;
+  }
+  return sheetXml("sldLayout", " type=\"" + std::string(type) + "\" preserve=\"1\"", plan->name, "",
+                  placeholders, colorMapOverride);
+}
+
 std::string newSlideXml(pugi::xml_node layout) {
   pugi::xml_document document;
-  const std::string empty =
-      sheetXml("sld", "", "", "", {}, "<p:clrMapOvr><a:masterClrMapping/></p:clrMapOvr>");
+  const std::string empty = sheetXml("sld", "", "", "", {}, colorMapOverride);
   document.load_string(empty.c_str(), pugi::parse_full);
   const pugi::xml_node tree = document.document_element().child("p:cSld").child("p:spTree");
   std::int32_t id = 2;

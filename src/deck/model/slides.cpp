@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "deck/model/layout_creation.h"
 #include "deck/model/member_table.h"
 #include "deck/model/notes_pages.h"
 #include "deck/model/objects.h"
@@ -274,7 +275,7 @@ class SlidesObject : public ModelObject<SlidesObject> {
   }
 
   /// The first master's layout of that type. "Title and Text" and "Title and Content" stand in for each
-  /// other, as a master has one of the two.
+  /// other, as a master has one of the two. A master that lacks a simple one gets it.
   Sheet layoutFor(std::int32_t number) {
     const std::string_view wanted = layoutType(number);
     if (wanted.empty()) base::raise(base::errors::outOfRange);
@@ -288,6 +289,10 @@ class SlidesObject : public ModelObject<SlidesObject> {
     if (found == layouts.end() && wanted == "tx") found = ofType("obj");
     if (found == layouts.end() && wanted == "obj") found = ofType("tx");
     if (found == layouts.end()) {
+      const std::vector<Sheet> masters = document_->masters();
+      if (const Sheet added = masters.empty() ? Sheet() : addLayout(*document_, masters.front(), wanted)) {
+        return added;
+      }
       base::raise(base::errors::invalidRequest,
                   "Slides.Add: Invalid request. The first slide master has no layout of type '" +
                       std::string(wanted) + "' (" + std::to_string(number) + ").");

@@ -200,6 +200,32 @@ TEST_F(Presentations, AddsSlidesWithTheLayoutsPlaceholders) {
   expectSound(path);
 }
 
+// The frames of the new layout's placeholders are the master's.
+TEST_F(Presentations, AddsSimpleLayoutsThatTheMasterLacks) {
+  DeckBuilder deck;
+  deck.master().layouts({"title"});
+  deck.slide("title");
+  const std::string path = save(deck);
+  const host::Presentation presentation = host.open(path);
+  const auto add = [&](host::PpSlideLayout layout) {
+    return presentation.Slides().Add(presentation.Slides().Count() + 1, layout);
+  };
+  EXPECT_EQ(add(host::ppLayoutTitleOnly).Layout(), host::ppLayoutTitleOnly);
+  EXPECT_EQ(add(host::ppLayoutBlank).Shapes().Count(), 0);
+  const host::Shapes shapes = add(host::ppLayoutTitleOnly).Shapes();
+  ASSERT_EQ(shapes.Count(), 1);
+  EXPECT_GT(shapes.Item(1).Width(), 0);
+  EXPECT_EQ(errorNumber([&] { add(static_cast<host::PpSlideLayout>(29)); }), base::errors::invalidRequest);
+  presentation.Save();
+  expectSound(path);
+  const auto zip = test::readZipFile(path);
+  EXPECT_EQ(std::count_if(
+                zip.begin(), zip.end(),
+                [](const auto& entry) { return entry.first.starts_with("ppt/slideLayouts/slideLayout"); }),
+            3)
+      << "each is added once";
+}
+
 TEST_F(Presentations, DeletingASlideTakesItsPartsAlong) {
   DeckBuilder deck;
   deck.slide("blank").shape("rect", 0, 0, 10, 10);

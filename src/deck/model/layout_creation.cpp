@@ -1,0 +1,47 @@
+#include "deck/model/layout_creation.h"
+
+#include <algorithm>
+#include <string>
+
+#include "deck/model/new_presentation.h"
+#include "deck/model/xml_order.h"
+
+namespace vellumark::deck {
+namespace {
+
+/// Masters and layouts share one range of ids, from 2^31 up.
+constexpr long long lowestId = 2147483648LL;
+
+long long freeId(Document& document) {
+  long long highest = lowestId;
+  const auto consider = [&](const pugi::xml_node& entry) {
+    highest = std::max(highest, entry.attribute("id").as_llong());
+  };
+  for (const pugi::xml_node& entry : document.presentation().child("p:sldMasterIdLst").children())
+    consider(entry);
+  for (const Sheet& master : document.masters()) {
+    for (const pugi::xml_node& entry : master.part->root().child("p:sldLayoutIdLst").children())
+      consider(entry);
+  }
+  return highest + 1;
+}
+
+}  // namespace
+
+Sheet addLayout(Document& document, const Sheet& master, std::string_view type) {
+  const std::string xml = inheritingLayoutXml(type);
+  if (xml.empty()) return {};
+  Package& package = document.package();
+  const PartRef part =
+      package.addXml(package.freeName("ppt/slideLayouts/slideLayout%d.xml"), layoutContentType, xml);
+  part->relate(*master.part, "slideMaster");
+  pugi::xml_node entry = childInOrder(master.part->root(), "p:sldLayoutIdLst",
+                                      {"p:transition", "p:timing", "p:hf", "p:txStyles", "p:extLst"})
+                             .append_child("p:sldLayoutId");
+  entry.append_attribute("id").set_value(freeId(document));
+  entry.append_attribute("r:id").set_value(master.part->relate(*part, "slideLayout").c_str());
+  document.touch(*master.part);
+  return document.sheet(part);
+}
+
+}  // namespace vellumark::deck
