@@ -14,7 +14,7 @@ using test::AgendaXml;
 using test::Texts;
 
 constexpr const char* status =
-    "Status [none] Please wait a few moments, your agenda slides are being generated / updated...: ";
+    "Status [none] Please wait a few moments, your agenda slides are being generated / updated...";
 constexpr const char* oneNew =
     "Vellumark for presentations [information] A new agenda slide has been inserted at the end of the "
     "presentation.\r\nPlease move it to the appropriate position within the presentation.";
