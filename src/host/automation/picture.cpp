@@ -1,9 +1,12 @@
 #include "host/picture.h"
 
+// The drawing engine's headers need what com.h takes away.
+// clang-format off
+#include "ui/win32/system.h"
+#include "ui/win32/canvas_painter.h"
 #include "host/automation/com.h"
 #include "host/automation/served_object.h"
-#include "ui/win32/canvas_painter.h"
-#include "ui/win32/system.h"
+// clang-format on
 
 namespace vellumark::host {
 namespace {
