@@ -4,6 +4,8 @@
 #include <string>
 
 #include "deck/model/new_presentation.h"
+#include "deck/model/placeholder.h"
+#include "deck/model/shape_node.h"
 #include "deck/model/xml_order.h"
 
 namespace vellumark::deck {
@@ -26,10 +28,23 @@ long long freeId(Document& document) {
   return highest + 1;
 }
 
+LayoutSetting settingOf(Document& document, const Sheet& master) {
+  const pugi::xml_node size = document.presentation().child("p:sldSz");
+  LayoutSetting setting{false, false, size.attribute("cx").as_double(9144000),
+                        size.attribute("cy").as_double(6858000)};
+  for (const pugi::xml_node& shape : shapeNodes(master.shapeTree())) {
+    const pugi::xml_node element = placeholderElement(shape);
+    if (!element) continue;
+    if (placeholderFamily(element) == PlaceholderFamily::title) setting.hasTitle = true;
+    if (placeholderFamily(element) == PlaceholderFamily::body) setting.hasBody = true;
+  }
+  return setting;
+}
+
 }  // namespace
 
 Sheet addLayout(Document& document, const Sheet& master, std::string_view type) {
-  const std::string xml = inheritingLayoutXml(type);
+  const std::string xml = simpleLayoutXml(type, settingOf(document, master));
   if (xml.empty()) return {};
   Package& package = document.package();
   const PartRef part =

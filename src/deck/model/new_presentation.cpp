@@ -1,6 +1,7 @@
 #include "deck/model/new_presentation.h"
 
 #include <algorithm>
+#include <cmath>
 #include <sstream>
 #include <string_view>
 #include <vector>
@@ -35,7 +36,8 @@ struct LayoutPlan {
 
 constexpr std::string_view colorMapOverride = "<p:clrMapOvr><a:masterClrMapping/></p:clrMapOvr>";
 
-// The slide is 12192000 by 6858000 EMU; the margins are 66 points.
+// Lengths are EMU; the margins are 66 points.
+constexpr long slideWidth = 12192000, slideHeight = 6858000;
 constexpr long left = 838200, wide = 10515600, bodyTop = 1825625, bodyHigh = 4351338, half = 5181600;
 constexpr long rightHalf = left + wide - half;
 
@@ -230,7 +232,7 @@ pugi::xml_node appendPlaceholder(pugi::xml_node tree, pugi::xml_node model, std:
   return made;
 }
 
-std::string inheritingLayoutXml(std::string_view type) {
+std::string simpleLayoutXml(std::string_view type, const LayoutSetting& setting) {
   const auto& plans = layoutPlans();
   const auto plan = std::ranges::find(plans, type, &LayoutPlan::type);
   if (plan == plans.end()) return {};
@@ -239,7 +241,17 @@ std::string inheritingLayoutXml(std::string_view type) {
     const bool isTitle = placeholder.x == left && placeholder.y == titleOnTop.y;
     const bool isBody = placeholder.x == left && placeholder.y == bodyTop && placeholder.width == wide;
     if (!isTitle && !isBody) return {};
-    placeholder.width = 0;
+    if (isTitle ? setting.hasTitle : setting.hasBody) {
+      placeholder.width = 0;
+      continue;
+    }
+    const auto scale = [](long& length, double factor) {
+      length = std::lround(static_cast<double>(length) * factor);
+    };
+    scale(placeholder.x, setting.width / slideWidth);
+    scale(placeholder.width, setting.width / slideWidth);
+    scale(placeholder.y, setting.height / slideHeight);
+    scale(placeholder.height, setting.height / slideHeight);
   }
   return sheetXml("sldLayout", " type=\"" + std::string(type) + "\" preserve=\"1\"", plan->name, "",
                   placeholders, colorMapOverride);

@@ -23,9 +23,14 @@ std::unique_ptr<Package> newPresentation();
 /// frame and no text of its own.
 pugi::xml_node appendPlaceholder(pugi::xml_node tree, pugi::xml_node model, std::int32_t id);
 
-/// The XML of a layout of one of the types that need nothing but the master's title and body ("blank",
-/// "titleOnly", "obj", "tx"), which its placeholders follow; empty for other types.
-std::string inheritingLayoutXml(std::string_view type);
+/// What a new layout can follow on its master, and the size of the slide in EMU.
+struct LayoutSetting {
+  bool hasTitle, hasBody;
+  double width, height;
+};
+/// The XML of a layout of one of the types that need nothing but a title and a body ("blank", "titleOnly",
+/// "obj", "tx"). They have the master's frames where it has such placeholders. Empty for other types.
+std::string simpleLayoutXml(std::string_view type, const LayoutSetting& setting);
 
 /// The XML of an empty slide on a layout: the layout's placeholders but date, footer and slide number.
 std::string newSlideXml(pugi::xml_node layout);
