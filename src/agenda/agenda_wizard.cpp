@@ -51,17 +51,18 @@ void AgendaWizard::arrange() {
   Box items =
       column({Box(tvItems).stretch(), row({Box(btnAddItem), Box(btnDeleteItem), space(), Box(lPosition),
                                            Box(btnUp), Box(btnDown), Box(btnLeft), Box(btnRight)})});
-  Box item = column({grid(2, {Box(lAgendaItem), Box(tbAgendaItem).stretch(), Box(lResponsible),
-                              Box(tbResponsible).stretch(), Box(lDuration),
+  constexpr int labelWidth = 12;  // both lists of fields begin at the same place
+  Box item = column({grid(2, {Box(lAgendaItem).atLeast(labelWidth), Box(tbAgendaItem).stretch(),
+                              Box(lResponsible), Box(tbResponsible).stretch(), Box(lDuration),
                               row({spinner(tbDuration, udDuration), Box(lMinutes), space()})}),
                      Box(cbBreak), Box(cbGenerateAgendaSlide), Box(cbShowAgendaItem)})
                  .gap(1);
-  Box options =
-      column({grid(2, {Box(lTitle), Box(tbTitle).stretch(), Box(lSubtitle), Box(tbSubtitle).stretch(),
-                       Box(lStart), row({spinner(tbStart, udStart), Box(lEndTime), Box(lEnd), space()})}),
-              grid(2, {Box(cbShowItemNumbers), Box(cbShowResponsible), Box(cbShowTimeSlots),
-                       Box(cbShowPageNumbers)}),
-              row({Box(lStyle), Box(cbStyle).stretch()})});
+  Box options = column({grid(2, {Box(lTitle).atLeast(labelWidth), Box(tbTitle).stretch(), Box(lSubtitle),
+                                 Box(tbSubtitle).stretch(), Box(lStart),
+                                 row({spinner(tbStart, udStart), Box(lEndTime), Box(lEnd), space()}),
+                                 Box(lStyle), Box(cbStyle).stretch()}),
+                        grid(2, {Box(cbShowItemNumbers), Box(cbShowResponsible), Box(cbShowTimeSlots),
+                                 Box(cbShowPageNumbers)})});
   layout(column({row({std::move(items).stretch(),
                       column({std::move(item), Box(rule), std::move(options), space()}).gap(3)})
                      .gap(4)
