@@ -88,12 +88,15 @@ Example:
 // Descriptions that take more than one line.
 const char* const selectDescription = R"(Select shapes on it in that order, the master last:
 name, #id or @index)";
+const char* const copyDescription = R"(Copy shapes of the slide in view to the clipboard
+first, for commands that paste)";
 const char* const viewDescription = R"(The view: slide, slidemaster, notes, handoutmaster,
 notesmaster, outline, sorter, titlemaster, normal, thumbnails)";
 const char* const dialogDescription = R"(Answer a dialog; again for further ones, in order:
 'FORM: control=value; control(2)=value; button')";
 const char* const answerDescription = R"(Answer a message box by its button, an input box by its
-text; again for further ones, in order (default: the box's own))";
+text, a file dialog by a path; again for further ones,
+in order (default: the box's own))";
 
 const char* const itemsDescription = R"(The items, as text or CSV (default: those of the agenda
 that the deck holds))";
@@ -136,6 +139,7 @@ void addSituation(CLI::App& command, Situation& situation) {
       ->excludes(select)
       ->excludes(slides)
       ->excludes(text);
+  command.add_option("--copy", situation.copy, copyDescription)->option_text("A,B,C");
   command.add_option("--view", situation.view, viewDescription)->option_text("TYPE");
   command
       .add_option("--host", situation.host, "The version that the host reports: 9.0 to 16.0 (default 14.0)")

@@ -37,7 +37,17 @@ std::int16_t languageNumber(AddIn& addIn, const CommandCall& call) {
   refuse(call, call.argument + " is none of the user's languages; take a host with toolbars: --host 11.0");
 }
 
+/// The ribbon's menu of notices is made anew each time it opens; its entries carry the notice's number.
+void chooseNotice(AddIn& addIn, const CommandCall& call) {
+  if (call.argument.empty())
+    refuse(call, "which notice? Name it by its number, for example \"insertCopyright 1\"");
+  const auto entry = std::make_shared<RibbonControl>("copyright_" + call.argument, call.argument);
+  addIn.callBack("copyright_onAction", host::IRibbonControl(entry));
+}
+
 void pressOnRibbon(Session& session, const CommandCall& call) {
+  if (base::equalsIgnoreCase(call.command->method, "insertCopyright"))
+    return chooseNotice(session.addIn(), call);
   if (call.number == 0)
     refuse(call, "the ribbon has no button for it; take a host with toolbars: --host 11.0");
   const bool language = base::equalsIgnoreCase(call.command->method, "setLanguage");

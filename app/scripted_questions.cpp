@@ -16,18 +16,23 @@ bool hasDisplay() {
   return isatty(standardError) || environmentVariable("VELLUMARK_SHOW") == "1";
 }
 
-/// Shows a form on the display; false where that can't be. The toolkit for it is loaded only now, because
+/// The toolkit of the display; nothing where there is none. It is loaded only when it is asked for, because
 /// that takes longer than everything else that the program does.
-bool showOnDisplay(ui::Form& form) {
-  if (!hasDisplay()) return false;
-  ui::Toolkit* screen = nullptr;
+ui::Toolkit* displayToolkit() {
+  if (!hasDisplay()) return nullptr;
   try {
     const auto library = platform::Library::besideExecutable("vellumark_qt");
-    screen = library.function<ui::Toolkit*()>("vellumark_create_qt_toolkit")();
+    return library.function<ui::Toolkit*()>("vellumark_create_qt_toolkit")();
   } catch (const base::Error& error) {
     tell("  can't be shown: " + oneLine(error.description()) + "\n");
-    return false;
+    return nullptr;
   }
+}
+
+/// Shows a form on the display; false where that can't be.
+bool showOnDisplay(ui::Form& form) {
+  ui::Toolkit* screen = displayToolkit();
+  if (!screen) return false;
   // What the form asks belongs on the display as well.
   ui::Toolkit* before = ui::setToolkit(screen);
   screen->showModal(form);
@@ -74,6 +79,24 @@ class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
       noteUnanswered(error);
       throw;
     }
+  }
+
+  /// A dialog for files has no answer of its own.
+  std::optional<std::string> fileDialog(const ui::FileDialog& dialog) override {
+    if (unanswered()) throw *unanswered();
+    if (hasAnswer()) return HeadlessToolkit::fileDialog(dialog);
+    ui::Shown shown{ui::Shown::Kind::fileDialog, ui::Icon::none, dialog.title, {}, dialog.initialPath, {}};
+    if (ui::Toolkit* display = displayToolkit()) {
+      std::optional<std::string> path = display->fileDialog(dialog);
+      shown.answer = path.value_or("");
+      note(shown);
+      return path;
+    }
+    note(shown);
+    noteUnanswered(base::Error(base::errors::invalidCall, "the file dialog '" + dialog.title +
+                                                              "' is not answered; give it a path with "
+                                                              "--answer FILE, or --answer Cancel"));
+    throw *unanswered();
   }
 
   std::vector<std::string> dialogs_, answers_;

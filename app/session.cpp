@@ -5,12 +5,14 @@
 #include "arguments.h"
 #include "base/trap.h"
 #include "failure.h"
+#include "file_questions.h"
 #include "files.h"
 
 namespace vellumark::app {
 
 Session::Session(const std::string& hostVersion, std::unique_ptr<AddIn> addIn)
     : host_(hostVersion), addIn_(std::move(addIn)) {
+  host_.state()->fileAnswerer = askForFile;
   addIn_->connect(application());
   if (!host_.state()->beforeRibbon()) {
     ribbon_ = std::make_shared<Ribbon>();
@@ -32,7 +34,11 @@ Session::~Session() {
 
 host::Presentation Session::open(const std::string& path) {
   requireDeck(path);
-  return readingDeck(path, [&] { return host_.open(path); });
+  return readingDeck(path, [&] {
+    const host::Presentation presentation = host_.open(path);
+    window_ = application().ActiveWindow();
+    return presentation;
+  });
 }
 
 void Session::goToSlide(std::int32_t slide) {
@@ -42,34 +48,46 @@ void Session::goToSlide(std::int32_t slide) {
     throw Failure(Exit::usage, "--slide " + std::to_string(slide) + ": the deck has " +
                                    std::to_string(count) + (count == 1 ? " slide" : " slides"));
   }
-  application().ActiveWindow().View().GotoSlide(slide);
+  window_.View().GotoSlide(slide);
 }
 
 void Session::showView(std::int32_t type) { host_.showView(type); }
 
 host::Shapes Session::shapesInView() const {
   host::Shapes shapes;
-  base::resumeNext([&] { shapes = application().ActiveWindow().View().Slide().Shapes(); });
+  base::resumeNext([&] { shapes = window_.View().Slide().Shapes(); });
   return shapes;
 }
 
-void Session::selectShapes(const std::string& references) {
+std::vector<host::Shape> Session::findShapes(const std::string& references, const std::string& option) const {
   const host::Shapes shapes = shapesInView();
-  if (!shapes)
+  if (!shapes) {
     throw Failure(Exit::usage,
-                  "--select: no slide is in view; choose one with --slide, in a view that shows it");
-  std::vector<host::Shape> selected;
+                  option + ": no slide is in view; choose one with --slide, in a view that shows it");
+  }
+  std::vector<host::Shape> found;
   std::vector<int> ids;
   for (const std::string& reference : splitList(references)) {
-    const host::Shape shape = findShape(shapes, reference, "--select");
+    const host::Shape shape = findShape(shapes, reference, option);
     const int id = shape.Id();
     if (std::find(ids.begin(), ids.end(), id) != ids.end()) {
-      throw Failure(Exit::usage, "--select: \"" + reference + "\" is selected already; name each shape once");
+      throw Failure(Exit::usage,
+                    option + ": \"" + reference + "\" is selected already; name each shape once");
     }
     ids.push_back(id);
-    selected.push_back(shape);
+    found.push_back(shape);
   }
-  host_.selectShapes(selected);
+  return found;
+}
+
+void Session::selectShapes(const std::string& references) {
+  host_.selectShapes(findShapes(references, "--select"));
+}
+
+void Session::copyShapes(const std::string& references) {
+  host_.selectShapes(findShapes(references, "--copy"));
+  window_.Selection().Copy();
+  window_.Selection().Unselect();
 }
 
 void Session::selectSlides(const std::string& list) {

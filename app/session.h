@@ -29,7 +29,8 @@ class Session {
 
   /// Opens a deck in a window. A Failure where it can't be read.
   host::Presentation open(const std::string& path);
-  host::Presentation presentation() const { return application().ActivePresentation(); }
+  /// The deck that was opened, whatever else a command opens.
+  host::Presentation presentation() const { return window_.Presentation(); }
 
   // What a user does in the active window. Each is a Failure where the deck has nothing of the kind.
   void goToSlide(std::int32_t slide);
@@ -38,20 +39,26 @@ class Session {
   void selectSlides(const std::string& list);
   void selectText(const std::string& spot);
   void selectCells(const std::string& spots);
+  /// Copies shapes of the slide in view to the clipboard.
+  void copyShapes(const std::string& references);
   /// Selects these shapes in that order.
   void select(const std::vector<host::Shape>& shapes) { host_.selectShapes(shapes); }
 
   /// The shapes of the slide or master in view; nothing where there is none.
   host::Shapes shapesInView() const;
 
-  /// Saves the open deck over itself, or as `out`. A Failure where it can't be written, or where the add-in
+  /// Saves the deck over itself, or as `out`. A Failure where it can't be written, or where the add-in
   /// cancels.
   void save(const std::string& out = {});
 
  private:
+  /// The shapes in view that references mean, each once; `option` named them.
+  std::vector<host::Shape> findShapes(const std::string& references, const std::string& option) const;
+
   deck::EmbeddedHost host_;
   std::unique_ptr<AddIn> addIn_;
   std::shared_ptr<Ribbon> ribbon_;
+  host::DocumentWindow window_;  ///< of the deck
 };
 
 }  // namespace vellumark::app

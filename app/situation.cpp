@@ -14,6 +14,7 @@ void arrange(Session& session, const Situation& situation) {
   try {
     session.goToSlide(situation.slide);
     if (!situation.view.empty()) session.showView(parseView(situation.view));
+    if (!situation.copy.empty()) session.copyShapes(situation.copy);
     if (!situation.select.empty()) session.selectShapes(situation.select);
     if (!situation.slides.empty()) session.selectSlides(situation.slides);
     if (!situation.text.empty()) session.selectText(situation.text);
@@ -24,6 +25,7 @@ void arrange(Session& session, const Situation& situation) {
                                : !situation.slides.empty() ? "--slides: "
                                : !situation.text.empty()   ? "--text: "
                                : !situation.cells.empty()  ? "--cells: "
+                               : !situation.copy.empty()   ? "--copy: "
                                                            : "--view: ";
     throw Failure(Exit::usage, option + error.description());
   }

@@ -10,6 +10,7 @@ class Session;
 struct Situation {
   std::string deck;
   int slide = 1;
+  std::string copy;    ///< shapes that are copied to the clipboard first
   std::string select;  ///< shapes in the order of selecting
   std::string slides;
   std::string text;

@@ -71,6 +71,8 @@ double toDate(std::string_view text);
 
 /// A serial date as "yyyy-mm-dd"; 6 outside the years 100 to 9999.
 std::string isoDate(double serial);
+/// The time of the day of a serial date as "hh:mm:ss", to the second.
+std::string isoTime(double serial);
 
 /// The decimal separator of the user's locale: "." unless the locale says otherwise. One character.
 char decimalSeparator();

@@ -169,4 +169,10 @@ std::string isoDate(double serial) {
          format00(static_cast<int>(static_cast<unsigned>(date.day())));
 }
 
+std::string isoTime(double serial) {
+  const double exact = std::round(std::fabs(serial - fix(serial)) * secondsOfDay);
+  const int seconds = static_cast<int>(exact) % static_cast<int>(secondsOfDay);
+  return format00(seconds / 3600) + ":" + format00(seconds / 60 % 60) + ":" + format00(seconds % 60);
+}
+
 }  // namespace vellumark::base

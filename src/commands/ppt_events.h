@@ -22,9 +22,6 @@ class pptEvents : public core::ApplicationEvents {
   /// Connects to the events of an application; an empty handle stops them.
   void PowerPointApp(const host::Application& application);
 
-  /// While set, saving into a temporary folder brings no warning.
-  bool noTempFolderWarning = false;
-
   const core::SelectionFlags& flags() const override { return flags_; }
   void checkSelection() override;
   void toggle() override;

@@ -43,6 +43,9 @@ class ApplicationEvents {
   virtual void toggle() = 0;
   /// Switches all selection-dependent entries off.
   virtual void toggleOff() = 0;
+
+  /// While set, saving into a temporary folder brings no warning.
+  bool noTempFolderWarning = false;
 };
 
 /// The toolbar builder of hosts before the ribbon as others see it.

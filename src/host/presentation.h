@@ -133,8 +133,9 @@ class Presentation : public Handle {
   void Save() const { call(member::Save); }
   void SaveAs(const std::string& path) const { call(member::SaveAs, path); }
   void SaveCopyAs(const std::string& path) const { call(member::SaveCopyAs, path); }
-  void SaveCopyAs(const std::string& path, PpSaveAsFileType type, bool embedFonts) const {
-    call(member::SaveCopyAs, path, type, triState(embedFonts));
+  /// The host decides about the fonts where `embedFonts` is mixed.
+  void SaveCopyAs(const std::string& path, PpSaveAsFileType type, MsoTriState embedFonts) const {
+    call(member::SaveCopyAs, path, type, embedFonts);
   }
   void Close() const { call(member::Close); }
 };

@@ -34,6 +34,9 @@ bool directoryExists(const std::string& path);
 void makeDirectory(const std::string& path);
 /// 53 where there is no such file, 75 where it can't be deleted or is a folder.
 void deleteFile(const std::string& path);
+/// Copies a file over another one, which is at any moment the whole old or the whole new one; fails as
+/// readFile() does for the first and with 75 for the second.
+void copyFile(const std::string& from, const std::string& to);
 /// All bytes of a file; 53 where it is missing, 75 where it can't be read, 76 where its folder is missing.
 std::string readFile(const std::string& path);
 /// The names in a folder in alphabetical order; 76 where it is missing, 75 where it can't be read.

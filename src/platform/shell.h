@@ -27,6 +27,16 @@ int openURL(const std::string& url);
 /// the folder alone. 53 where nothing can show it.
 void showInFolder(const std::string& file);
 
+/// Hands a file to the user's mail program as an attachment that is called `name`, and goes on without
+/// waiting for it. 53 where nothing can do that, 75 or 76 where the file can't be read.
+///
+/// On Windows the program `mailer` does it, in a minimised window.
+///
+/// On Linux xdg-email does it, or the program that the environment variable VELLUMARK_MAILER names. The mail
+/// program may read the file much later, so it gets a copy of it in a folder of its own, where copies of
+/// earlier days are cleared away.
+void mailFile(const std::string& mailer, const std::string& name, const std::string& file);
+
 /// Opens a help file on a context id. False where the file is missing or nothing can show it. On Linux the
 /// program for such files shows its first page: there is no common way to hand it the id.
 bool openHelp(const std::string& file, int contextId);

@@ -106,6 +106,15 @@ class TrimlineTools {
   void hideShapes();
   void unhideShapes();          ///< all of the selected slides, or of the slide in view
   void openContainingFolder();  ///< shows the presentation's file in its folder
+  void saveSelectedSlides();    ///< as a presentation of their own, under a name that is asked for
+  void emailSelectedSlides();   ///< the same as attachment of a mail
+  void pasteOnSelectedSlides();
+  void removeAllSpeechNotes();
+  void createMotionPath();  ///< moves the first selected shape to the second
+  /// Puts the shapes of slide `index` (from 1) of the style's template on all masters, in the place of those
+  /// that stand there from the last time.
+  void insertCopyright(std::int32_t index);
+  void setBlackWhiteMode();
 
   // The agenda.
   void showAgendaWizard();
@@ -129,6 +138,10 @@ class TrimlineTools {
   static bool hasMethod(std::string_view name);
 
  private:
+  /// Writes the selected slides alone to a temporary presentation, which goes when the add-in is
+  /// disconnected; its path.
+  std::string extractSelectedSlides();
+
   /// The radius in points of a rounded rectangle's corners.
   static void setRadius(const host::Shape& shape, double radius);
   RotatedMetrics getRotatedMetrics(const host::Shape& shape);

@@ -71,9 +71,29 @@ void moveAside(const std::vector<ShapeKey>& copies) {
 void Clipboard::start(const DocumentRef& from) {
   shapes_.clear();
   slides_.clear();
+  links_.clear();
   places_.clear();
   media_ = {};
   store_ = Document::scratch(from->package().isStrict());
+}
+
+void Clipboard::keepLinks(Part& sheet, PartCopier& copier) {
+  Package& package = store_->package();
+  for (const Relationship& relationship : sheet.relationships()) {
+    const PartRef slide = relationship.is("slide") ? sheet.target(relationship) : nullptr;
+    if (!slide) continue;
+    links_.push_back(
+        {package.addXml(package.freeName("ppt/links/slide%d.xml"), slideContentType, newSlideXml({})),
+         slide});
+    copier.standIn(slide, links_.back().stub);
+  }
+}
+
+void Clipboard::restoreLinks(PartCopier& copier) const {
+  for (const Linked& link : links_) {
+    const PartRef slide = link.slide.lock();
+    if (slide && !slide->removed() && &slide->package() == &copier.to()) copier.standIn(link.stub, slide);
+  }
 }
 
 /// The sheets that a sheet inherits from come along without their pictures and themes: what they say of
@@ -99,6 +119,7 @@ void Clipboard::copyShapes(const std::vector<ShapeKey>& shapes) {
   const PartRef part = store_->package().addXml("ppt/slides/slide1.xml", slideContentType, newSlideXml({}));
   if (const Sheet parent = bringParent(source, copier))
     part->relate(*parent.part, parentRelationship(parent));
+  keepLinks(*source.part, copier);
   shapes_ = deck::copyShapes(sorted, store_->sheet(part), copier);
   places_.push_back(source.part);
 }
@@ -113,6 +134,7 @@ void Clipboard::copySlides(const DocumentRef& document, const std::vector<std::i
     if (Sheet layout = bringParent(slide, copier)) return layout;
     throw FormatError(slide.part->name(), "follows no slide layout");
   };
+  for (const Sheet& slide : sources) keepLinks(*slide.part, copier);
   for (const std::int32_t id : deck::copySlides(sources, *store_, 0, copier, layoutOf)) {
     slides_.push_back(store_->slide(id));
   }
@@ -124,6 +146,7 @@ std::vector<ShapeKey> Clipboard::pasteShapes(const Sheet& target) {
                 "Shapes.Paste: Invalid request. The clipboard is empty or holds what can't be pasted here.");
   }
   PartCopier copier(target.document->package(), &media_);
+  restoreLinks(copier);
   const std::vector<ShapeKey> copies = deck::copyShapes(shapes_, target, copier);
   placePlaceholders(copies, shapes_);
   const auto isTarget = [&](const std::weak_ptr<Part>& place) { return place.lock() == target.part; };
@@ -141,6 +164,7 @@ std::vector<std::int32_t> Clipboard::pasteSlides(Document& target, std::size_t p
                 "Slides.Paste: Invalid request. The clipboard is empty or holds what can't be pasted here.");
   }
   PartCopier copier(target.package(), &media_);
+  restoreLinks(copier);
   return deck::copySlides(slides_, target, position, copier);
 }
 

@@ -30,12 +30,21 @@ class Clipboard {
   std::vector<std::int32_t> pasteSlides(Document& target, std::size_t position);
 
  private:
+  /// A slide that a link leads to, and what stands for it here.
+  struct Linked {
+    PartRef stub;
+    std::weak_ptr<Part> slide;
+  };
   void start(const DocumentRef& from);
+  void keepLinks(Part& sheet, PartCopier& copier);
+  /// Lets links lead to the slides that they led to, where those stand in the presentation of the copier.
+  void restoreLinks(PartCopier& copier) const;
   Sheet bringParent(const Sheet& sheet, PartCopier& copier);
 
   DocumentRef store_;
   std::vector<ShapeKey> shapes_;
   std::vector<Sheet> slides_;
+  std::vector<Linked> links_;
   SharedMedia media_;
   std::vector<std::weak_ptr<Part>>
       places_;  ///< sheets that have the shapes: the origin, and where they were pasted

@@ -277,6 +277,7 @@ class BarsObject : public ModelObject<BarsObject> {
         property<&BarsObject::count>(member::Count),
         method<&BarsObject::item>(member::Item, 1),
         method<&BarsObject::add>(member::Add, 0, 4),
+        method<&BarsObject::findControl>(member::FindControl, 0, 4),
     };
     return table;
   }
@@ -302,6 +303,25 @@ class BarsObject : public ModelObject<BarsObject> {
     bars_.push_back(std::make_shared<BarObject>(host(), name, argumentOr(arguments, 1, std::int32_t{1}),
                                                 weak_from_this()));
     return bars_.back();
+  }
+
+  /// FindControl(Type, Id, Tag, Visible): the first control of the bars, popups not entered, for which all
+  /// that is given holds; nothing where there is none.
+  host::ObjectRef findControl(Arguments arguments) {
+    for (const auto& bar : bars_) {
+      const std::int32_t count = bar->controls()->invoke(member::Count, Invoke::get, {}).toInt();
+      for (std::int32_t i = 1; i <= count; ++i) {
+        const Value index(i);
+        const host::ObjectRef control =
+            bar->controls()->invoke(member::Item, Invoke::get, {&index, 1}).toObject();
+        const auto agrees = [&](std::size_t place, Member name) {
+          const Value* wanted = argument(arguments, place);
+          return !wanted || control->invoke(name, Invoke::get, {}).toString() == wanted->toString();
+        };
+        if (agrees(0, member::Type) && agrees(1, member::Id) && agrees(2, member::Tag)) return control;
+      }
+    }
+    return nullptr;
   }
 
   void remove(const BarObject& bar) {

@@ -6,6 +6,10 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <system_error>
+#include <vector>
 
 #include "base/error.h"
 #include "platform/environment.h"
@@ -67,12 +71,13 @@ int resultFor(const Outcome& outcome) {
   }
 }
 
-/// Runs the opener on `target`. The waiting is left to a process of its own whose parent ends at once, so
-/// that no zombie stays with us however long the opened program runs.
-int runOpener(const std::string& target) {
-  std::string program = environmentVariable("VELLUMARK_OPENER").value_or("xdg-open");
-  std::string argument = target;
-  char* const arguments[] = {program.data(), argument.data(), nullptr};
+/// Starts a program that hands something to the desktop. The waiting is left to a process of its own whose
+/// parent ends at once, so that no zombie stays with us however long the started program runs.
+int start(std::vector<std::string> words) {
+  std::vector<char*> pointers;
+  for (std::string& word : words) pointers.push_back(word.data());
+  pointers.push_back(nullptr);
+  char* const* arguments = pointers.data();
 
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return shell::outOfMemory;
@@ -99,6 +104,29 @@ int runOpener(const std::string& target) {
   return resultFor(outcome);
 }
 
+/// Runs the opener on `target`.
+int runOpener(const std::string& target) {
+  return start({environmentVariable("VELLUMARK_OPENER").value_or("xdg-open"), target});
+}
+
+/// The folder for attachments, without those of earlier days.
+std::filesystem::path attachmentsFolder() {
+  namespace fs = std::filesystem;
+  constexpr std::chrono::hours kept(24);
+  const fs::path folder = pathOf(toSystem(internetCacheFolder())) / "vellumark" / "attachments";
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error) {
+    base::raise(base::errors::fileAccess, base::standardDescription(base::errors::fileAccess) + ": " +
+                                              textOf(folder) + " (" + error.message() + ")");
+  }
+  for (const auto& entry : fs::directory_iterator(folder, error)) {
+    if (fs::file_time_type::clock::now() - entry.last_write_time(error) > kept)
+      fs::remove(entry.path(), error);
+  }
+  return folder;
+}
+
 }  // namespace
 
 int openURL(const std::string& url) {
@@ -113,6 +141,16 @@ void showInFolder(const std::string& file) {
   const std::string folder = end == std::string::npos ? "." : path.substr(0, end + 1);
   if (runOpener(folder) != shell::opened) {
     base::raise(base::errors::fileNotFound, "No program opens the folder " + folder);
+  }
+}
+
+void mailFile(const std::string& /*mailer*/, const std::string& name, const std::string& file) {
+  const std::string copy = textOf(attachmentsFolder() / pathOf(name));
+  copyFile(file, copy);
+  const std::string program = environmentVariable("VELLUMARK_MAILER").value_or("xdg-email");
+  if (start({program, "--utf8", "--subject", name, "--attach", copy}) != shell::opened) {
+    base::raise(base::errors::fileNotFound,
+                "No mail program takes the attachment " + copy + ": " + program + " doesn't start one");
   }
 }
 

@@ -45,6 +45,16 @@ void showInFolder(const std::string& file) {
   }
 }
 
+void mailFile(const std::string& mailer, const std::string& name, const std::string& file) {
+  const auto quoted = [](const std::string& text) { return L"\"" + win32::toWide(text) + L"\""; };
+  const std::wstring arguments = quoted(name) + L" " + quoted(name) + L" " + quoted(toSystem(file));
+  const HINSTANCE result = ShellExecuteW(nullptr, L"open", win32::toWide(toSystem(mailer)).c_str(),
+                                         arguments.c_str(), nullptr, SW_SHOWMINIMIZED);
+  if (reinterpret_cast<INT_PTR>(result) <= 32) {
+    base::raise(base::errors::fileNotFound, "The mailer " + mailer + " can't be started");
+  }
+}
+
 bool openHelp(const std::string& file, int contextId) {
   constexpr UINT helpContext = 15;
   return fileExists(file) &&

@@ -41,6 +41,8 @@ class HeadlessToolkit : public Toolkit {
   /// Shows a form that no script is left for, on a screen; false where it can't.
   std::function<bool(Form&)> screen;
 
+  /// Whether an answer is left for the next box or file dialog.
+  bool hasAnswer() const { return !answers_.empty(); }
   /// Scripts and answers that nothing asked for, as they were written.
   std::vector<std::string> unused() const;
   /// Whether a message box with the critical icon, or the form of that name, came up.
