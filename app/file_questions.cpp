@@ -3,7 +3,6 @@
 #include "base/text.h"
 #include "host/constants.h"
 #include "platform/paths.h"
-#include "ui/message_box.h"
 
 namespace vellumark::app {
 namespace {
@@ -16,7 +15,7 @@ ui::FileDialog::Kind kindOf(std::int32_t type) {
 
 }  // namespace
 
-std::optional<std::string> askForFile(const deck::FileQuestion& question) {
+ui::FileDialog fileDialogFor(const deck::FileQuestion& question) {
   ui::FileDialog dialog;
   dialog.kind = kindOf(question.type);
   dialog.title = question.title;
@@ -24,7 +23,7 @@ std::optional<std::string> askForFile(const deck::FileQuestion& question) {
   for (const auto& [description, patterns] : question.filters) {
     dialog.filters.push_back({description, base::replaceAll(patterns, " ", "")});
   }
-  return ui::fileDialog(dialog);
+  return dialog;
 }
 
 }  // namespace vellumark::app

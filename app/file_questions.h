@@ -1,14 +1,12 @@
 #pragma once
 // The host's dialogs for files, asked like all other questions.
 
-#include <optional>
-#include <string>
-
 #include "deck/model/file_dialogs.h"
+#include "ui/message_box.h"
 
 namespace vellumark::app {
 
-/// Asks through the toolkit; nothing where the user cancels.
-std::optional<std::string> askForFile(const deck::FileQuestion& question);
+/// A question of the host as a dialog of the toolkit's.
+ui::FileDialog fileDialogFor(const deck::FileQuestion& question);
 
 }  // namespace vellumark::app

@@ -51,16 +51,22 @@ void Questions::begin() {
   arm();
 }
 
-void Questions::note(ui::Shown shown, const std::string& elsewhere) {
+void Questions::note(ui::Shown shown, const std::string& otherwise) {
   const bool isForm = shown.kind == ui::Shown::Kind::form;
   if (isForm && shown.name == errorForm) shown.text = errorReport_;
-  const std::string answer = !shown.answer.empty() ? "answered: " + oneLine(shown.answer)
-                             : isForm              ? elsewhere
-                                                   : "not answered";
+  const std::string answer = shown.answer.empty() ? otherwise : "answered: " + oneLine(shown.answer);
   tell(heading(shown) + ", \"" + oneLine(shown.title) + "\"\n" + indented(shown.text) +
        (shown.staysOpen ? "" : "  " + answer + "\n"));
   const bool isCritical = shown.kind == ui::Shown::Kind::messageBox && shown.icon == ui::Icon::critical;
   critical_ = critical_ || (counting_ && isCritical);
+}
+
+void Questions::raiseUnanswered(const ui::FileDialog& dialog) {
+  note({ui::Shown::Kind::fileDialog, ui::Icon::none, dialog.title, {}, dialog.initialPath, {}});
+  noteUnanswered(base::Error(
+      base::errors::invalidCall, "the file dialog '" + dialog.title +
+                                     "' is not answered; give it a path with --answer FILE, or --answer Cancel"));
+  throw *unanswered_;
 }
 
 void Questions::requireWhole(const std::string& name) const {

@@ -24,6 +24,8 @@ class Questions {
 
   /// The command comes next.
   void begin();
+  /// Asks for a path; nothing where the user cancels. A base::Error where nothing answers.
+  virtual std::optional<std::string> file(const ui::FileDialog& dialog) = 0;
 
   /// A Failure where an error report came up, or a dialog that nothing answers: the command `name` broke off,
   /// and what it did is half done.
@@ -38,11 +40,12 @@ class Questions {
   /// The answers that nothing asked for.
   virtual std::vector<std::string> unused() const = 0;
 
-  /// Tells what came up, what it was answered (empty for nothing, `elsewhere` for what a user sees now), and
-  /// counts it.
-  void note(ui::Shown shown, const std::string& elsewhere = "not answered");
+  /// Tells what came up, what it was answered, or `otherwise` where it has no answer, and counts it.
+  void note(ui::Shown shown, const std::string& otherwise = "not answered");
   /// An error report came up.
   void noteErrorReport(const std::string& description) { errorReport_ = description; }
+  /// A dialog for files got no answer: notes that and raises it.
+  [[noreturn]] void raiseUnanswered(const ui::FileDialog& dialog);
   /// A dialog got no answer that closes it.
   void noteUnanswered(const base::Error& why) { unanswered_ = why; }
   const std::optional<base::Error>& unanswered() const { return unanswered_; }

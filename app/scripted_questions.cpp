@@ -51,12 +51,15 @@ class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
       throw Failure(Exit::usage, "--dialog: " + error.description());
     }
     observer = [this](const ui::Shown& shown) {
-      note(shown, hasDisplay() ? "shown on the display" : "not answered");
+      const bool form = shown.kind == ui::Shown::Kind::form;
+      note(shown, !form ? "cancelled" : hasDisplay() ? "shown on the display" : "not answered");
     };
     screen = showOnDisplay;
     before_ = ui::setToolkit(this);
   }
   ~ScriptedQuestions() override { ui::setToolkit(before_); }
+
+  std::optional<std::string> file(const ui::FileDialog& dialog) override { return fileDialog(dialog); }
 
  private:
   void arm() override {
@@ -85,18 +88,12 @@ class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
   std::optional<std::string> fileDialog(const ui::FileDialog& dialog) override {
     if (unanswered()) throw *unanswered();
     if (hasAnswer()) return HeadlessToolkit::fileDialog(dialog);
-    ui::Shown shown{ui::Shown::Kind::fileDialog, ui::Icon::none, dialog.title, {}, dialog.initialPath, {}};
-    if (ui::Toolkit* display = displayToolkit()) {
-      std::optional<std::string> path = display->fileDialog(dialog);
-      shown.answer = path.value_or("");
-      note(shown);
-      return path;
-    }
-    note(shown);
-    noteUnanswered(base::Error(base::errors::invalidCall, "the file dialog '" + dialog.title +
-                                                              "' is not answered; give it a path with "
-                                                              "--answer FILE, or --answer Cancel"));
-    throw *unanswered();
+    ui::Toolkit* display = displayToolkit();
+    if (!display) raiseUnanswered(dialog);
+    std::optional<std::string> path = display->fileDialog(dialog);
+    note({ui::Shown::Kind::fileDialog, ui::Icon::none, dialog.title, {}, dialog.initialPath, path.value_or("")},
+         "cancelled");
+    return path;
   }
 
   std::vector<std::string> dialogs_, answers_;

@@ -5,14 +5,12 @@
 #include "arguments.h"
 #include "base/trap.h"
 #include "failure.h"
-#include "file_questions.h"
 #include "files.h"
 
 namespace vellumark::app {
 
 Session::Session(const std::string& hostVersion, std::unique_ptr<AddIn> addIn)
     : host_(hostVersion), addIn_(std::move(addIn)) {
-  host_.state()->fileAnswerer = askForFile;
   addIn_->connect(application());
   if (!host_.state()->beforeRibbon()) {
     ribbon_ = std::make_shared<Ribbon>();
@@ -52,6 +50,12 @@ void Session::goToSlide(std::int32_t slide) {
 }
 
 void Session::showView(std::int32_t type) { host_.showView(type); }
+
+int Session::slideInView() const {
+  int id = 0;
+  base::resumeNext([&] { id = window_.View().Slide().SlideID(); });
+  return id;
+}
 
 host::Shapes Session::shapesInView() const {
   host::Shapes shapes;

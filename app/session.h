@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "add_in.h"
@@ -32,6 +33,9 @@ class Session {
   /// The deck that was opened, whatever else a command opens.
   host::Presentation presentation() const { return window_.Presentation(); }
 
+  /// Who answers the host's dialogs for files; without one they are cancelled.
+  void answerFiles(deck::FileAnswerer answerer) { host_.state()->fileAnswerer = std::move(answerer); }
+
   // What a user does in the active window. Each is a Failure where the deck has nothing of the kind.
   void goToSlide(std::int32_t slide);
   void showView(std::int32_t type);
@@ -44,6 +48,8 @@ class Session {
   /// Selects these shapes in that order.
   void select(const std::vector<host::Shape>& shapes) { host_.selectShapes(shapes); }
 
+  /// The id of the slide in view; 0 for a master, and where there is none.
+  int slideInView() const;
   /// The shapes of the slide or master in view; nothing where there is none.
   host::Shapes shapesInView() const;
 

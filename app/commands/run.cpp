@@ -5,6 +5,7 @@
 #include "boxes.h"
 #include "console.h"
 #include "deck_report.h"
+#include "file_questions.h"
 #include "files.h"
 #include "installation.h"
 #include "press.h"
@@ -36,8 +37,11 @@ Exit run(const RunOptions& options, const Surroundings& surroundings) {
 
   const auto questions = surroundings.questions(options.dialogs, options.answers);
   Session session(options.host, surroundings.addIn(root));
+  session.answerFiles(
+      [&](const deck::FileQuestion& question) { return questions->file(fileDialogFor(question)); });
   arrange(session, options);
 
+  const int slide = session.slideInView();
   const std::vector<Snapshot> before = takeSnapshots(session.shapesInView());
   questions->begin();
   try {
@@ -54,7 +58,8 @@ Exit run(const RunOptions& options, const Surroundings& surroundings) {
     print(jsonText(toJson(shapes ? reportShapes(shapes) : std::vector<ShapeReport>())));
     tell(written(options));
   } else {
-    print(changesText(before, takeSnapshots(shapes)) + written(options));
+    const bool sameSlide = session.slideInView() == slide;
+    print((sameSlide ? changesText(before, takeSnapshots(shapes)) : "") + written(options));
   }
   return questions->settle(call.command->method);
 }

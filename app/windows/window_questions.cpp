@@ -34,6 +34,16 @@ class WindowQuestions : public Questions {
   }
 
  private:
+  std::optional<std::string> file(const ui::FileDialog& dialog) override {
+    if (!armed_ || answers_.empty()) raiseUnanswered(dialog);
+    std::optional<std::string> path = answers_.front();
+    answers_.pop_front();
+    if (base::equalsIgnoreCase(*path, "Cancel")) path.reset();
+    note({ui::Shown::Kind::fileDialog, ui::Icon::none, dialog.title, {}, dialog.initialPath, path.value_or("")},
+         "cancelled");
+    return path;
+  }
+
   static WindowQuestions*& current() {
     static WindowQuestions* one = nullptr;
     return one;

@@ -18,10 +18,13 @@ using core::trap;
 
 constexpr const char* noSubtitle = "<not supported by your corporate layout>";
 
-void tellCorrupted(const std::string& what) {
-  core::message("The Agenda Wizard " + what + " seems to be corrupted. Please contact us at " +
-                    std::string(core::supportEmail) + ".",
-                ui::Icon::critical);
+constexpr const char* dataCorrupted =
+    "The Agenda Wizard data seems to be corrupted. Please contact us at ";
+constexpr const char* templateCorrupted =
+    "The Agenda Wizard template seems to be corrupted. Please contact us at ";
+
+void tellCorrupted(const char* what) {
+  core::message(what + std::string(core::supportEmail) + ".", ui::Icon::critical);
 }
 
 }  // namespace
@@ -45,7 +48,7 @@ void AgendaWizard::loadStoredOrTemplate() {
   const std::string file =
       isNew ? core::toolbarTemplatePath(agendaStyle, core::agendaTemplateName) : std::string();
   if (loadAgendaDocument(stored, file)) return;
-  tellCorrupted(isNew ? "template" : "data");
+  tellCorrupted(isNew ? templateCorrupted : dataCorrupted);
   abortDialog = true;
 }
 
@@ -87,7 +90,7 @@ void AgendaWizard::cbStyle_Validate(bool& cancel) {
   trap("AgendaWizard, cbStyle_Validate", [&] {
     AgendaDocument look;
     if (!look.load(core::agendaTemplatePath(cbStyle.listIndex() + 1))) {
-      tellCorrupted("template");
+      tellCorrupted(templateCorrupted);
       cancel = true;
       return;
     }

@@ -11,8 +11,10 @@ namespace vellumark::agenda {
 using core::trap;
 
 AgendaWizard::AgendaWizard() : Form("AgendaWizard", "Agenda Wizard") {
-  udDuration.smallChange(15);
-  udStart.smallChange(15);
+  for (ui::ScrollBar* spinner : {&udDuration, &udStart}) {
+    spinner->smallChange(15);
+    spinner->largeChange(60);
+  }
   cbBreak.toolTip("Format this agenda item as break and skip item number");
   cbGenerateAgendaSlide.toolTip("Generate an agenda slide for this agenda item");
   cbShowAgendaItem.toolTip(
@@ -85,17 +87,17 @@ void AgendaWizard::bind() {
   btnDown.onClick = [this] { btnDown_Click(); };
   btnLeft.onClick = [this] { btnLeft_Click(); };
   btnRight.onClick = [this] { btnRight_Click(); };
-  tbAgendaItem.onChange = [this] { itemChanged(); };
-  tbResponsible.onChange = [this] { itemChanged(); };
-  cbBreak.onClick = [this] { itemChanged(); };
+  tbAgendaItem.onChange = [this] { tbAgendaItem_Change(); };
+  tbResponsible.onChange = [this] { tbResponsible_Change(); };
+  cbBreak.onClick = [this] { cbBreak_Click(); };
   cbGenerateAgendaSlide.onClick = [this] { cbGenerateAgendaSlide_Click(); };
   cbShowAgendaItem.onClick = [this] { cbShowAgendaItem_Click(); };
   tbDuration.onValidate = [this](bool& cancel) { tbDuration_Validate(cancel); };
   udDuration.onChange = [this] { udDuration_Change(); };
-  tbTitle.onChange = [this] { optionChanged(); };
-  tbSubtitle.onChange = [this] { optionChanged(); };
-  cbShowItemNumbers.onClick = [this] { optionChanged(); };
-  cbShowResponsible.onClick = [this] { optionChanged(); };
+  tbTitle.onChange = [this] { tbTitle_Change(); };
+  tbSubtitle.onChange = [this] { tbSubtitle_Change(); };
+  cbShowItemNumbers.onClick = [this] { cbShowItemNumbers_Click(); };
+  cbShowResponsible.onClick = [this] { cbShowResponsible_Click(); };
   cbShowTimeSlots.onClick = [this] { cbShowTimeSlots_Click(); };
   cbShowPageNumbers.onClick = [this] { cbShowPageNumbers_Click(); };
   tbStart.onValidate = [this](bool& cancel) { tbStart_Validate(cancel); };

@@ -134,8 +134,13 @@ class AgendaWizard : public ui::Form, public AgendaMetrics {
   static void LockControl(ui::Control& control, bool lock);
 
   // The controls of an item and of the agenda.
-  void itemChanged();
-  void optionChanged();
+  void tbAgendaItem_Change() { itemChanged(); }
+  void tbResponsible_Change() { itemChanged(); }
+  void cbBreak_Click() { itemChanged(); }
+  void tbTitle_Change() { optionChanged(); }
+  void tbSubtitle_Change() { optionChanged(); }
+  void cbShowItemNumbers_Click() { optionChanged(); }
+  void cbShowResponsible_Click() { optionChanged(); }
   void cbGenerateAgendaSlide_Click();
   void cbShowAgendaItem_Click();
   void cbShowPageNumbers_Click();
@@ -144,6 +149,9 @@ class AgendaWizard : public ui::Form, public AgendaMetrics {
   void tbStart_Validate(bool& cancel);
   void udDuration_Change();
   void udStart_Change();
+  /// Save the item or the options, unless the program fills the controls.
+  void itemChanged();
+  void optionChanged();
 
   // Other presentations, and the end of an agenda.
   void btnImport_Click();

@@ -144,15 +144,20 @@ class ScrollBar : public Control {
   void range(int min, int max);
   int smallChange() const { return smallChange_; }
   void smallChange(int step) { smallChange_ = step; }
+  int largeChange() const { return largeChange_; }
+  void largeChange(int step) { largeChange_ = step; }
   int value() const { return value_; }
   /// Brings the value into the range; raises onChange where it differs.
   void value(int value);
   /// What the user's arrows do: one step up (-1) or down (1).
   void step(int direction) { value(value_ + direction * smallChange_); }
+  /// What the keys for pages do.
+  void page(int direction) { value(value_ + direction * largeChange_); }
 
  private:
   int min_, max_, value_;
   int smallChange_ = 1;
+  int largeChange_ = 1;
 };
 
 class ProgressBar : public Control {

@@ -207,6 +207,40 @@ TEST_F(Run, JsonTellsTheShapesAfterwards) {
   EXPECT_EQ(shapes[1]["left"], 200);
 }
 
+TEST_F(Run, FilesAreAskedFor) {
+  const std::string chosen = folder_.path("chosen.pptx");
+  const std::vector<std::string> slides{"--slides", "2", "-o", out_};
+  const auto save = [&](std::vector<std::string> more) {
+    more.insert(more.end(), slides.begin(), slides.end());
+    return runCommand("saveSelectedSlides", deck_, more);
+  };
+  const Outcome unanswered = save({});
+  EXPECT_EQ(unanswered.status, 1);
+  ASSERT_EQ(failureLines(unanswered.err).size(), 1u) << unanswered.err;
+  EXPECT_NE(failureLines(unanswered.err)[0].find("--answer FILE"), std::string::npos) << unanswered.err;
+  EXPECT_FALSE(fs::exists(out_));
+  EXPECT_EQ(save({"--answer", "Cancel"}).status, 0);
+  EXPECT_EQ(readZipFile(out_).count("ppt/slides/slide1.xml"), 1u);
+  const Outcome saved = save({"--answer", folder_.path("chosen")});
+  EXPECT_EQ(saved.status, 0) << saved.err;
+  EXPECT_EQ(readZipFile(chosen).count("ppt/slides/slide1.xml"), 0u);
+  EXPECT_EQ(readZipFile(chosen).count("ppt/slides/slide2.xml"), 1u);
+  // What is written is the deck, not what the command opened beside it.
+  EXPECT_EQ(readZipFile(out_).count("ppt/slides/slide1.xml"), 1u);
+}
+
+TEST_F(Run, TheClipboardIsFilledBeforeTheCommand) {
+  const Outcome pasted =
+      runCommand("pasteOnSelectedSlides", deck_, {"--copy", "Master,Turned", "--slides", "2", "-o", out_});
+  ASSERT_EQ(pasted.status, 0) << pasted.err;
+  const std::string slide = readZipFile(out_)["ppt/slides/slide2.xml"].bytes;
+  EXPECT_EQ(placed(slide, "Turned", "a:off"), "127000,254000");
+  EXPECT_LT(slide.find("Turned"), slide.find("Master"));  // as they lie, not as they are named
+  const Outcome empty = runCommand("pasteOnSelectedSlides", deck_, {"--slides", "2"});
+  EXPECT_EQ(empty.status, 1);
+  EXPECT_EQ(failureLines(empty.err).size(), 1u) << empty.err;
+}
+
 TEST_F(Run, DemoStraightensASlide) {
   DeckBuilder builder;
   builder.slide("title");

@@ -112,7 +112,7 @@ TEST_F(Toolbars, ClicksCountByName) {
       {"showAgendaWizard", "statsAgendaWizard 1; ", "The Agenda Wizard template seems to be corrupted."},
       {"disconnectAgendaSlides", "statsTrimlineTools 1; ", "If you disconnect agenda slides"},
       {"setLanguage 1031", "statsTrimlineTools 1; ", ""},
-      {"insertCopyright 2", "statsSlideWizard 1; ", "insertCopyright"},
+      {"insertCopyright 2", "statsSlideWizard 1; ", "copyright_slide.ppt' could not be found."},
       {"!showSettings", "", "\"Settings\""},
       {"ALIGNrights", "statsTrimlineTools 1; ", ""},
       {"!nonsense 1", "", "pptControls, tlnButton_Click: 438"},

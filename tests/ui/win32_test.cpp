@@ -502,6 +502,18 @@ TEST_F(Win32Test, FormsWithoutWaitingLiveOnTheHostsLoop) {
     EXPECT_GT(form.ticks, 0);
   }
   pump();  // the timer of the form that is gone must not tick
+  {
+    Everything hidden;
+    hidden.load();
+    toolkit().runHidden(hidden);
+    hidden.timer.enabled(true);
+    wait([&] { return hidden.ticks > 0; });
+    EXPECT_GT(hidden.ticks, 0) << "a form that is never shown";
+    EXPECT_FALSE(hidden.visible());
+    hidden.unload();
+    EXPECT_EQ(hidden.view(), nullptr);
+    pump();
+  }
   EXPECT_TRUE(formWindows().empty());
 
   Everything closes;

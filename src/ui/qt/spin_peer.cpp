@@ -61,6 +61,10 @@ class SpinPeer : public Peer {
         act([&] { bar_.step(key == Qt::Key_Up ? -1 : 1); });
         return true;
       }
+      if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
+        act([&] { bar_.page(key == Qt::Key_PageUp ? -1 : 1); });
+        return true;
+      }
     }
     return Peer::eventFilter(watched, event);
   }

@@ -28,6 +28,10 @@ class SpinPeer : public Peer {
       act([&] { bar_.step(message.wParam == VK_UP ? -1 : 1); });
       return 0;
     }
+    if (message.code == WM_KEYDOWN && (message.wParam == VK_PRIOR || message.wParam == VK_NEXT)) {
+      act([&] { bar_.page(message.wParam == VK_PRIOR ? -1 : 1); });
+      return 0;
+    }
     return Peer::received(message);
   }
 
