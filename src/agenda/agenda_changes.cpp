@@ -21,15 +21,21 @@ std::int16_t changesOf(const host::Shape& shape) {
   return found;
 }
 
-/// Nothing for a result without changes.
+/// The warning for what was found; nothing without changes.
 const char* warning(std::int16_t changes) {
   switch (changes) {
     case contentChanged:
-      return "The contents of some agenda slides were changed manually.";
+      return "The contents of some agenda slides were changed manually. Please be aware that manual changes "
+             "will not be carried over to the Agenda Wizard but will be overwritten as soon as you click "
+             "'OK' in the Agenda Wizard dialog.";
     case positionChanged:
-      return "The item positions on some agenda slides were changed manually.";
+      return "The item positions on some agenda slides were changed manually. Please be aware that manual "
+             "changes will not be carried over to the Agenda Wizard but will be overwritten as soon as you "
+             "click 'OK' in the Agenda Wizard dialog.";
     case contentChanged | positionChanged:
-      return "Some agenda slides were changed manually, both in terms of content and item position.";
+      return "Some agenda slides were changed manually, both in terms of content and item position. Please "
+             "be aware that manual changes will not be carried over to the Agenda Wizard but will be "
+             "overwritten as soon as you click 'OK' in the Agenda Wizard dialog.";
     default:
       return nullptr;
   }
@@ -58,12 +64,8 @@ std::int16_t AgendaWizard::checkForManualChanges() {
 }
 
 void AgendaWizard::warnOfManualChanges() {
-  const char* what = warning(checkForManualChanges());
-  if (!what) return;
-  core::message(std::string("Attention:\r\n\r\n") + what +
-                    " Please be aware that manual changes will not be carried over to the Agenda Wizard but "
-                    "will be overwritten as soon as you click 'OK' in the Agenda Wizard dialog.",
-                ui::Icon::exclamation);
+  const char* text = warning(checkForManualChanges());
+  if (text) core::message(std::string("Attention:\r\n\r\n") + text, ui::Icon::exclamation);
 }
 
 }  // namespace vellumark::agenda

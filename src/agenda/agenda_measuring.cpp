@@ -59,13 +59,14 @@ AgendaMetrics::Widths AgendaWizard::measureColumns() {
   Widths widths;
   const double first = getMaxWidth("/Vellumark/agenda/items/item[@level='1']/@text");
   const double second = getMaxWidth("/Vellumark/agenda/items/item[@level='2']/@text") + step();
-  widths.text = second > first ? second : first;
+  widths.textWidth = second > first ? second : first;
   widths.showResponsible = cbShowResponsible.value();
   widths.showTime = cbShowTimeSlots.value();
   widths.showPage = cbShowPageNumbers.value();
-  if (widths.showResponsible) widths.responsible = getMaxWidth("/Vellumark/agenda/items/item/@responsible");
-  if (widths.showTime) widths.time = getWidth(sampleTimeSlot);
-  if (widths.showPage) widths.page = getWidth(samplePageNumber);
+  if (widths.showResponsible)
+    widths.responsibleWidth = getMaxWidth("/Vellumark/agenda/items/item/@responsible");
+  if (widths.showTime) widths.timeWidth = getWidth(sampleTimeSlot);
+  if (widths.showPage) widths.pageWidth = getWidth(samplePageNumber);
   return widths;
 }
 

@@ -25,16 +25,14 @@ void AgendaMetrics::takeSizesFromFont() {
 void AgendaMetrics::fit(const Widths& widths) {
   const int columns = widths.showResponsible + widths.showTime + widths.showPage;
   const double available = frameWidth - boxSize - boxBarSpacing - 2 * textMargin - columns * columnGap;
-  const double needed = widths.text + widths.responsible + widths.time + widths.page;
+  const double needed = widths.textWidth + widths.responsibleWidth + widths.timeWidth + widths.pageWidth;
   if (needed > available) {
     rowFontSize = base::fix(divide(available * rowFontSize, needed));
     takeSizesFromFont();
   }
   fitHeight();
-  // The text's share of what is available is its share of what is needed. Without any text there is nothing
-  // to share.
-  const double textShare = needed > 0 ? widths.text / needed * available : 0;
-  firstTabPosition = widths.showResponsible ? textShare + columnGap : 0;
+  // The text's share of what is available is its share of what is needed.
+  firstTabPosition = widths.showResponsible ? divide(widths.textWidth, needed) * available + columnGap : 0;
   hasRightTab = widths.showTime || widths.showPage ? 1.0 : 0;
 }
 

@@ -37,7 +37,7 @@ struct AgendaMetrics : NumberRules {
   /// Fits the rows into the frame, given the widths that the columns need at the style's font size: first by
   /// the width, then by the height, with the font in whole points.
   struct Widths {
-    double text = 0, responsible = 0, time = 0, page = 0;
+    double textWidth = 0, responsibleWidth = 0, timeWidth = 0, pageWidth = 0;
     bool showResponsible = false, showTime = false, showPage = false;
   };
   void fit(const Widths& widths);

@@ -52,24 +52,23 @@ BlackWhiteMode::BlackWhiteMode() : Form("BlackWhiteMode", "Set black and white m
 std::string BlackWhiteMode::apply() const {
   const host::DocumentWindow window = core::globals().powerPointApp.ActiveWindow();
   const int background = cbBackground.listIndex() + 1, shapes = cbShapes.listIndex() + 1;
-  const std::string backgroundName = "'" + cbBackground.text() + "' mode";
-  const std::string shapesName = "'" + cbShapes.text() + "' mode.";
+  const std::string backgroundMode = cbBackground.text(), shapesMode = cbShapes.text();
   switch (window.Selection().Type()) {
     case host::ppSelectionSlides:
       for (const host::Slide& slide : slidesOf(window.Selection().SlideRange())) {
         setModes(slide, background, shapes);
       }
-      return "The background of all selected slides in your presentation has been set to " + backgroundName +
-             ", all shapes on the selected slides have been set to " + shapesName;
+      return "The background of all selected slides in your presentation has been set to '" + backgroundMode +
+             "' mode, all shapes on the selected slides have been set to '" + shapesMode + "' mode.";
     case host::ppSelectionShapes:
       SelectedShapes().range().BlackWhiteMode(shapes);
-      return "All selected shapes have been set to " + shapesName;
+      return "All selected shapes have been set to '" + shapesMode + "' mode.";
     default:
       for (const host::Slide& slide : slidesOf(window.Presentation().Slides().Range())) {
         setModes(slide, background, shapes);
       }
-      return "The background of all slides in your presentation has been set to " + backgroundName +
-             ", all shapes have been set to " + shapesName;
+      return "The background of all slides in your presentation has been set to '" + backgroundMode +
+             "' mode, all shapes have been set to '" + shapesMode + "' mode.";
   }
 }
 

@@ -24,7 +24,7 @@ AgendaMetrics frame(int items, bool canon = false) {
 
 TEST(AgendaMetrics, RowsThatFitKeepTheirSize) {
   AgendaMetrics metrics = frame(6, true);
-  metrics.fit({.text = 300, .responsible = 100, .showResponsible = true});
+  metrics.fit({.textWidth = 300, .responsibleWidth = 100, .showResponsible = true});
   EXPECT_DOUBLE_EQ(metrics.rowFontSize, 20);
   EXPECT_DOUBLE_EQ(metrics.boxSize, 28);
   EXPECT_DOUBLE_EQ(metrics.textMargin, 8);
@@ -39,7 +39,11 @@ TEST(AgendaMetrics, RowsThatFitKeepTheirSize) {
 
 TEST(AgendaMetrics, WideTextsReduceTheFont) {
   AgendaMetrics metrics = frame(14);
-  metrics.fit({.text = 500, .responsible = 150, .time = 120, .showResponsible = true, .showTime = true});
+  metrics.fit({.textWidth = 500,
+               .responsibleWidth = 150,
+               .timeWidth = 120,
+               .showResponsible = true,
+               .showTime = true});
   EXPECT_DOUBLE_EQ(metrics.rowFontSize, 14);
   EXPECT_DOUBLE_EQ(metrics.boxSize, 19.6);
   EXPECT_DOUBLE_EQ(metrics.textMargin, 5.6);
@@ -52,7 +56,7 @@ TEST(AgendaMetrics, WideTextsReduceTheFont) {
 
 TEST(AgendaMetrics, ManyRowsReduceTheFontAgain) {
   AgendaMetrics metrics = frame(20, true);
-  metrics.fit({.text = 300, .page = 40, .showPage = true});
+  metrics.fit({.textWidth = 300, .pageWidth = 40, .showPage = true});
   EXPECT_DOUBLE_EQ(metrics.rowFontSize, 10);  // 360 / (19 x 0.2 x 28 + 20 x 28) x 20 = 10.8
   EXPECT_DOUBLE_EQ(metrics.boxSize, 14);
   EXPECT_NEAR(metrics.rowGap, (360 - 20 * 14) / 19.0, 1e-9) << "rows fill the frame";
@@ -63,23 +67,22 @@ TEST(AgendaMetrics, ManyRowsReduceTheFontAgain) {
 
 TEST(AgendaMetrics, Edges) {
   AgendaMetrics none = frame(0);
-  none.fit({.text = 34});
+  none.fit({.textWidth = 34});
   EXPECT_DOUBLE_EQ(none.rowFontSize, 20);
-  none.fit({.showResponsible = true});
-  EXPECT_DOUBLE_EQ(none.firstTabPosition, 20) << "no text at all";
+  EXPECT_THROW(none.fit({.showResponsible = true}), base::Error) << "no text at all has no share";
 
   AgendaMetrics fraction = frame(1);
   fraction.rowFontSize = 20.5;
   fraction.takeSizesFromFont();
-  fraction.fit({.text = 100});
+  fraction.fit({.textWidth = 100});
   EXPECT_DOUBLE_EQ(fraction.rowFontSize, 20.5) << "only a reduction gives whole points";
 
   AgendaMetrics single = frame(1);
   single.frameHeight = 20;
-  EXPECT_THROW(single.fit({.text = 100}), base::Error) << "one row that is higher than the frame";
+  EXPECT_THROW(single.fit({.textWidth = 100}), base::Error) << "one row that is higher than the frame";
 
   AgendaMetrics both = frame(2);
-  both.fit({.text = 100, .time = 100, .page = 30, .showTime = true, .showPage = true});
+  both.fit({.textWidth = 100, .timeWidth = 100, .pageWidth = 30, .showTime = true, .showPage = true});
   EXPECT_EQ(both.hasRightTab, 1.0) << "one tab for both columns";
 }
 
