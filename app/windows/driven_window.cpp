@@ -85,6 +85,10 @@ ui::Icon DrivenMessageBox::icon() const {
 }
 
 std::string DrivenMessageBox::defaultButton() const {
+  // Enter presses the button that has the focus. A box that isn't the first button's doesn't tell the dialog.
+  const HWND focus = GetFocus();
+  if (focus != nullptr && IsChild(window_, focus) && isButton(focus))
+    return ui::plainCaption(windowText(focus));
   const LRESULT answer = SendMessageW(window_, DM_GETDEFID, 0, 0);
   if (HIWORD(answer) != DC_HASDEFID) return {};
   return ui::plainCaption(windowText(GetDlgItem(window_, LOWORD(answer))));

@@ -7,6 +7,13 @@
 
 namespace vellumark::test {
 
+/// Names the folder for temporary files.
+#ifdef _WIN32
+constexpr const char* temporaryFolderVariable = "TMP";
+#else
+constexpr const char* temporaryFolderVariable = "TMPDIR";
+#endif
+
 class EnvironmentGuard {
  public:
   EnvironmentGuard(std::string name, const std::optional<std::string>& value) : name_(std::move(name)) {

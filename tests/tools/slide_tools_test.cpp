@@ -70,7 +70,7 @@ class SlideTools : public test::Stage {
   NoEvents events_;
   deck::FileQuestion asked_;
   std::optional<std::string> chosen_;
-  test::EnvironmentGuard temporary_{"TMPDIR", folder.path("tmp")};
+  test::EnvironmentGuard temporary_{test::temporaryFolderVariable, folder.path("tmp")};
   test::EnvironmentGuard now_{"VELLUMARK_NOW", "2026-01-31 09:05:07"};
 };
 

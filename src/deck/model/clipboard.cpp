@@ -10,6 +10,7 @@
 #include "deck/model/shape_copier.h"
 #include "deck/model/shape_frame.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/sheet_copier.h"
 #include "deck/model/slide_copier.h"
 #include "deck/model/units.h"
 
@@ -19,13 +20,6 @@ namespace {
 using pugi::xml_node;
 
 constexpr double aside = 12 * emuPerPoint;
-
-/// The type of the relationship by which a sheet names the one that it inherits from.
-const char* parentRelationship(const Sheet& parent) {
-  const std::string& type = parent.part->contentType();
-  if (type.ends_with(".slideLayout+xml")) return "slideLayout";
-  return type.ends_with(".notesMaster+xml") ? "notesMaster" : "slideMaster";
-}
 
 bool samePlace(const ShapeFrame& a, const ShapeFrame& b, double offset) {
   return a.x + offset == b.x && a.y + offset == b.y && a.width == b.width && a.height == b.height;
@@ -96,18 +90,17 @@ void Clipboard::restoreLinks(PartCopier& copier) const {
   }
 }
 
-/// The sheets that a sheet inherits from come along without their pictures and themes: what they say of
-/// placeholders, and their names, are wanted.
-Sheet Clipboard::bringParent(const Sheet& sheet, PartCopier& copier) {
+/// A layout comes along whole, since the presentation where its slides are pasted may lack it; a master
+/// without its pictures and theme: what it says of placeholders is wanted.
+Sheet Clipboard::bringParent(const Sheet& sheet, PartCopier& copier, Parents& known) {
   const Sheet parent = sheet.parent();
   if (!parent) return {};
-  const PartRef copy = copier.copyAlone(parent.part);
-  // A master has none above it; a ring in a broken file ends there as well.
-  if (parent.part->contentType().ends_with(".slideLayout+xml")) {
-    if (const Sheet master = bringParent(parent, copier))
-      copy->relate(*master.part, parentRelationship(master));
-  }
-  return store_->sheet(copy);
+  if (const auto found = known.find(parent.part); found != known.end()) return found->second;
+  // A master has none above it; a ring in a broken file ends here as well.
+  known.emplace(parent.part, Sheet());
+  const Sheet above = bringParent(parent, copier, known);
+  return known[parent.part] =
+             store_->sheet(above ? copyUnder(parent, above, copier) : copier.copyAlone(parent.part));
 }
 
 void Clipboard::copyShapes(const std::vector<ShapeKey>& shapes) {
@@ -117,7 +110,8 @@ void Clipboard::copyShapes(const std::vector<ShapeKey>& shapes) {
   start(source.document);
   PartCopier copier(store_->package(), &media_);
   const PartRef part = store_->package().addXml("ppt/slides/slide1.xml", slideContentType, newSlideXml({}));
-  if (const Sheet parent = bringParent(source, copier))
+  Parents known;
+  if (const Sheet parent = bringParent(source, copier, known))
     part->relate(*parent.part, parentRelationship(parent));
   keepLinks(*source.part, copier);
   shapes_ = deck::copyShapes(sorted, store_->sheet(part), copier);
@@ -130,8 +124,9 @@ void Clipboard::copySlides(const DocumentRef& document, const std::vector<std::i
   for (const std::int32_t id : ids) sources.push_back(document->slide(id));
   start(document);
   PartCopier copier(store_->package(), &media_);
+  Parents known;
   const auto layoutOf = [&](const Sheet& slide) {
-    if (Sheet layout = bringParent(slide, copier)) return layout;
+    if (Sheet layout = bringParent(slide, copier, known)) return layout;
     throw FormatError(slide.part->name(), "follows no slide layout");
   };
   for (const Sheet& slide : sources) keepLinks(*slide.part, copier);

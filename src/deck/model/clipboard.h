@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "deck/model/document.h"
@@ -39,7 +40,9 @@ class Clipboard {
   void keepLinks(Part& sheet, PartCopier& copier);
   /// Lets links lead to the slides that they led to, where those stand in the presentation of the copier.
   void restoreLinks(PartCopier& copier) const;
-  Sheet bringParent(const Sheet& sheet, PartCopier& copier);
+  /// The sheets that were brought already, by those that they are copies of.
+  using Parents = std::unordered_map<PartRef, Sheet>;
+  Sheet bringParent(const Sheet& sheet, PartCopier& copier, Parents& known);
 
   DocumentRef store_;
   std::vector<ShapeKey> shapes_;

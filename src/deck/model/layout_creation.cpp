@@ -6,6 +6,7 @@
 #include "deck/model/new_presentation.h"
 #include "deck/model/placeholder.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/sheet_copier.h"
 #include "deck/model/xml_order.h"
 
 namespace vellumark::deck {
@@ -41,6 +42,17 @@ LayoutSetting settingOf(Document& document, const Sheet& master) {
   return setting;
 }
 
+/// Lists a layout that is in the package already under its master.
+Sheet listLayout(Document& document, const Sheet& master, const PartRef& part) {
+  pugi::xml_node entry = childInOrder(master.part->root(), "p:sldLayoutIdLst",
+                                      {"p:transition", "p:timing", "p:hf", "p:txStyles", "p:extLst"})
+                             .append_child("p:sldLayoutId");
+  entry.append_attribute("id").set_value(freeId(document));
+  entry.append_attribute("r:id").set_value(master.part->relate(*part, "slideLayout").c_str());
+  document.touch(*master.part);
+  return document.sheet(part);
+}
+
 }  // namespace
 
 Sheet addLayout(Document& document, const Sheet& master, std::string_view type) {
@@ -50,13 +62,11 @@ Sheet addLayout(Document& document, const Sheet& master, std::string_view type) 
   const PartRef part =
       package.addXml(package.freeName("ppt/slideLayouts/slideLayout%d.xml"), layoutContentType, xml);
   part->relate(*master.part, "slideMaster");
-  pugi::xml_node entry = childInOrder(master.part->root(), "p:sldLayoutIdLst",
-                                      {"p:transition", "p:timing", "p:hf", "p:txStyles", "p:extLst"})
-                             .append_child("p:sldLayoutId");
-  entry.append_attribute("id").set_value(freeId(document));
-  entry.append_attribute("r:id").set_value(master.part->relate(*part, "slideLayout").c_str());
-  document.touch(*master.part);
-  return document.sheet(part);
+  return listLayout(document, master, part);
+}
+
+Sheet copyLayout(const Sheet& layout, Document& document, const Sheet& master, PartCopier& copier) {
+  return listLayout(document, master, copyUnder(layout, master, copier));
 }
 
 }  // namespace vellumark::deck

@@ -7,6 +7,7 @@
 
 #include "deck/model/references.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/sheet_copier.h"
 #include "deck/model/xml_order.h"
 
 namespace vellumark::deck {
@@ -195,15 +196,11 @@ Sheet notesPage(const Sheet& slide) {
 void copyNotesPage(const Sheet& slide, const Sheet& to, PartCopier& copier) {
   const PartRef source = notesPart(slide);
   if (!source) return;
-  const Sheet ownMaster = slide.document->sheet(source).parent();
-  const Sheet master = masterFor(to.document, ownMaster, copier);
+  const Sheet page = slide.document->sheet(source);
+  const Sheet master = masterFor(to.document, page.parent(), copier);
   if (!master) return;
   copier.standIn(slide.part, to.part);
-  if (ownMaster) copier.standIn(ownMaster.part, master.part);
-  const PartRef copy = copier.copyAnew(source);
-  for (const std::string& id : copier.leftOut(copy)) dropReferences(copy->root(), id);
-  if (!copy->firstRelationship("notesMaster")) copy->relate(*master.part, "notesMaster");
-  to.part->relate(*copy, "notesSlide");
+  to.part->relate(*copyUnder(page, master, copier), "notesSlide");
   to.touch();
 }
 

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/error.h"
+#include "deck/model/layout_creation.h"
 #include "deck/model/notes_pages.h"
 #include "deck/model/references.h"
 #include "deck/model/table_styles.h"
@@ -47,7 +48,7 @@ void relateCopy(const Copy& copy, PartCopier& copier) {
 
 }  // namespace
 
-Sheet layoutIn(Document& target, const Sheet& slide) {
+Sheet layoutIn(Document& target, const Sheet& slide, PartCopier& copier) {
   const Sheet own = slide.parent();
   if (slide.document.get() == &target && own) return own;
   std::vector<Sheet> layouts;
@@ -68,13 +69,13 @@ Sheet layoutIn(Document& target, const Sheet& slide) {
     found = std::ranges::find_if(layouts,
                                  [&](const Sheet& one) { return type != "cust" && layoutType(one) == type; });
   }
-  return found == layouts.end() ? layouts.front() : *found;
+  return found == layouts.end() ? copyLayout(own, target, target.masters().front(), copier) : *found;
 }
 
 std::vector<std::int32_t> copySlides(const std::vector<Sheet>& slides, Document& target, std::size_t position,
                                      PartCopier& copier) {
   return copySlides(slides, target, position, copier,
-                    [&](const Sheet& slide) { return layoutIn(target, slide); });
+                    [&](const Sheet& slide) { return layoutIn(target, slide, copier); });
 }
 
 std::vector<std::int32_t> copySlides(const std::vector<Sheet>& slides, Document& target, std::size_t position,

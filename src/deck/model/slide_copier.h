@@ -11,8 +11,9 @@
 namespace vellumark::deck {
 
 /// The layout that a slide follows in a presentation: its own; in another presentation that of the same name,
-/// else of the same type, else the first one there is. "Invalid request." where there is none.
-Sheet layoutIn(Document& target, const Sheet& slide);
+/// else of the same type, else a copy of its own under the first master. "Invalid request." where there is no
+/// master with a layout.
+Sheet layoutIn(Document& target, const Sheet& slide, PartCopier& copier);
 
 /// Copies slides of one presentation into `target`, before `position` (from 0), in that order; their ids. A
 /// slide comes with its notes, tags, animations and everything that it refers to, and without its comments

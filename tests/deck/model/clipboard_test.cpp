@@ -245,6 +245,31 @@ TEST_F(Copying, SlidesComeWithTheirNotesAndFollowTheLayoutsThere) {
   EXPECT_EQ(parts(entries, "ppt/notesSlides/"), 2);
 }
 
+TEST_F(Copying, LayoutsThatAreNotThereComeAlong) {
+  DeckBuilder house;
+  const auto layout = house.master().layouts({"cust"}).layout("cust").named("House layout");
+  layout.picture(700, 500, 50, 40).named("Logo");
+  layout.placeholder("body", 7).frame(40, 60, 300, 200);
+  house.slide("cust").placeholder("body", 7).text("First");
+  house.slide("cust").placeholder("body", 7).text("Second");
+  deck.slide("blank");
+  open();
+  const int layouts = parts(saved(presentation), "ppt/slideLayouts/");
+  const host::Presentation source = other(house);
+  source.Slides().Range().Copy();
+  close(source);
+  presentation.Slides().Paste();
+  presentation.Slides().Paste();
+  const test::ZipEntries entries = saved(presentation);
+  EXPECT_EQ(test::packageFaults(entries), std::vector<std::string>());
+  EXPECT_EQ(parts(entries, "ppt/slideLayouts/"), layouts + 1) << "once, with its picture";
+  EXPECT_EQ(parts(entries, "ppt/media/"), 1);
+  reopen();
+  EXPECT_EQ(presentation.Slides().Count(), 5);
+  EXPECT_EQ(shapes(5).Item(1).Left(), 40);
+  EXPECT_EQ(shapes(5).Item(1).Width(), 300);
+}
+
 TEST_F(Copying, SlidesAreInsertedFromAFileAndDuplicated) {
   rich().save(folder.path("rich.pptx"));
   deck.slide("blank").withId(300);

@@ -25,7 +25,8 @@ class ShapeTest : public testing::Test {
   }
   /// Opens the file that the presentation saves now instead of the presentation.
   void reopen() {
-    const std::string path = folder.path("saved.pptx");
+    // A file that is open can't be written everywhere.
+    const std::string path = folder.path("saved" + std::to_string(++reopened_) + ".pptx");
     presentation.SaveCopyAs(path);
     openFile(path, host->application().Version());
   }
@@ -50,6 +51,9 @@ class ShapeTest : public testing::Test {
   DeckBuilder deck;
   std::unique_ptr<deck::EmbeddedHost> host;
   host::Presentation presentation;
+
+ private:
+  int reopened_ = 0;
 };
 
 /// The number of the failure that a statement raises, 0 where it raises none.

@@ -262,7 +262,7 @@ TEST_F(ShapeTest, MakesNewShapes) {
   EXPECT_EQ(shape("Rounded Rectangle 12").Width(), 3.5f);
   EXPECT_EQ(shape("TextBox 13").Type(), host::msoTextBox);
   EXPECT_EQ(shape("TextBox 13").TextFrame().AutoSize(), host::ppAutoSizeShapeToFitText);
-  EXPECT_TRUE(packageFaults(readZipFile(folder.path("saved.pptx"))).empty());
+  EXPECT_TRUE(packageFaults(readZipFile(folder.path("saved1.pptx"))).empty());
 }
 
 TEST_F(ShapeTest, CountsPlaceholdersWithTheTitleFirst) {
