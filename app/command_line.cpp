@@ -141,6 +141,8 @@ void addSituation(CLI::App& command, Situation& situation) {
       ->excludes(text);
   command.add_option("--copy", situation.copy, copyDescription)->option_text("A,B,C");
   command.add_option("--view", situation.view, viewDescription)->option_text("TYPE");
+  command.add_option("--style", situation.style, "Choose a style on the ribbon (default: the first)")
+      ->option_text("NAME");
   command
       .add_option("--host", situation.host, "The version that the host reports: 9.0 to 16.0 (default 14.0)")
       ->option_text("VERSION")

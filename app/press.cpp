@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "base/text.h"
+#include "commands/ribbon_callbacks.h"
 #include "failure.h"
 #include "services/language_rows.h"
 
@@ -41,6 +42,9 @@ std::int16_t languageNumber(AddIn& addIn, const CommandCall& call) {
 void chooseNotice(AddIn& addIn, const CommandCall& call) {
   if (call.argument.empty())
     refuse(call, "which notice? Name it by its number, for example \"insertCopyright 1\"");
+  // The chooser of styles is in view before the menu can be opened; it takes the first style where none is
+  // chosen.
+  addIn.callBack("style_getSelectedItemIndex", ribbonControl(commands::styleChooser));
   const auto entry = std::make_shared<RibbonControl>("copyright_" + call.argument, call.argument);
   addIn.callBack("copyright_onAction", host::IRibbonControl(entry));
 }

@@ -63,9 +63,9 @@ void Questions::note(ui::Shown shown, const std::string& otherwise) {
 
 void Questions::raiseUnanswered(const ui::FileDialog& dialog) {
   note({ui::Shown::Kind::fileDialog, ui::Icon::none, dialog.title, {}, dialog.initialPath, {}});
-  noteUnanswered(base::Error(
-      base::errors::invalidCall, "the file dialog '" + dialog.title +
-                                     "' is not answered; give it a path with --answer FILE, or --answer Cancel"));
+  noteUnanswered(base::Error(base::errors::invalidCall,
+                             "the file dialog '" + dialog.title +
+                                 "' is not answered; give it a path with --answer FILE, or --answer Cancel"));
   throw *unanswered_;
 }
 

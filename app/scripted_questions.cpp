@@ -91,7 +91,12 @@ class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
     ui::Toolkit* display = displayToolkit();
     if (!display) raiseUnanswered(dialog);
     std::optional<std::string> path = display->fileDialog(dialog);
-    note({ui::Shown::Kind::fileDialog, ui::Icon::none, dialog.title, {}, dialog.initialPath, path.value_or("")},
+    note({ui::Shown::Kind::fileDialog,
+          ui::Icon::none,
+          dialog.title,
+          {},
+          dialog.initialPath,
+          path.value_or("")},
          "cancelled");
     return path;
   }

@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "arguments.h"
+#include "base/text.h"
 #include "base/trap.h"
+#include "commands/ribbon_callbacks.h"
 #include "failure.h"
 #include "files.h"
 
@@ -37,6 +39,21 @@ host::Presentation Session::open(const std::string& path) {
     window_ = application().ActiveWindow();
     return presentation;
   });
+}
+
+void Session::chooseStyle(const std::string& name) {
+  if (!ribbon_) throw Failure(Exit::usage, "--style: only a host with a ribbon has the chooser: --host 14.0");
+  const host::Value chooser(ribbonControl(commands::styleChooser).object());
+  const int count = addIn_->callBack("style_getItemCount", {chooser}).toInt();
+  std::vector<std::string> names;
+  for (int i = 1; i < count; ++i) {  // item 0 stands for no style
+    names.push_back(addIn_->callBack("style_getItemLabel", {chooser, i}).toString());
+    if (!base::equalsIgnoreCase(names.back(), name)) continue;
+    addIn_->callBack("style_onAction", {chooser, std::string(), i});
+    return;
+  }
+  throw Failure(Exit::usage, "--style: there is no style \"" + name + "\"; there are " +
+                                 (names.empty() ? "none" : "\"" + base::join(names, "\", \"") + "\""));
 }
 
 void Session::goToSlide(std::int32_t slide) {

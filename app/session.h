@@ -37,6 +37,7 @@ class Session {
   void answerFiles(deck::FileAnswerer answerer) { host_.state()->fileAnswerer = std::move(answerer); }
 
   // What a user does in the active window. Each is a Failure where the deck has nothing of the kind.
+  void chooseStyle(const std::string& name);
   void goToSlide(std::int32_t slide);
   void showView(std::int32_t type);
   void selectShapes(const std::string& references);

@@ -10,6 +10,7 @@ namespace vellumark::app {
 
 void arrange(Session& session, const Situation& situation) {
   session.open(situation.deck);
+  if (!situation.style.empty()) session.chooseStyle(situation.style);
   // What the host refuses here was asked for wrongly, unless the deck is broken.
   try {
     session.goToSlide(situation.slide);

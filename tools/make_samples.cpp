@@ -1,6 +1,6 @@
-// Makes the sample presentations that are delivered under product/samples.
+// Makes the sample presentations and templates that are delivered.
 //
-//   make_samples FOLDER
+//   make_samples product
 //
 // The company and all figures in them are invented.
 
@@ -489,16 +489,32 @@ DeckBuilder quarterlyReview() {
   return deck;
 }
 
+/// The notices that copyright.txt names, one a slide: a line below the footers of a master.
+void saveNotices(const std::string& folder, const std::string& color) {
+  DeckBuilder deck;
+  for (const char* notice : {"Internal use only", "Confidential – do not pass on without permission"}) {
+    deck.slide("blank")
+        .textBox(24, 521, 420, 15, notice, {.size = 8, .color = color})
+        .insets(0, 0, 0, 0)
+        .anchor("ctr")
+        .named("Copyright notice");
+  }
+  for (const char* file : {"/copyright_slide.ppt", "/copyright_title.ppt"}) deck.save(folder + file);
+}
+
 }  // namespace
 }  // namespace vellumark::samples
 
 int main(int argc, char** argv) {
   if (argc != 2) {
-    std::cerr << "usage: make_samples FOLDER\n";
+    std::cerr << "usage: make_samples PRODUCT\n";
     return 2;
   }
   try {
-    vellumark::samples::quarterlyReview().save(std::string(argv[1]) + "/quarterly_review.pptx");
+    const std::string product = argv[1], styles = product + "/customization/styles/";
+    vellumark::samples::quarterlyReview().save(product + "/samples/quarterly_review.pptx");
+    vellumark::samples::saveNotices(styles + "Vellumark Blue", "44546A");
+    vellumark::samples::saveNotices(styles + "Vellumark Grey", "595959");
   } catch (const std::exception& failure) {
     std::cerr << "make_samples: " << failure.what() << "\n";
     return 1;

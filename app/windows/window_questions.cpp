@@ -39,7 +39,12 @@ class WindowQuestions : public Questions {
     std::optional<std::string> path = answers_.front();
     answers_.pop_front();
     if (base::equalsIgnoreCase(*path, "Cancel")) path.reset();
-    note({ui::Shown::Kind::fileDialog, ui::Icon::none, dialog.title, {}, dialog.initialPath, path.value_or("")},
+    note({ui::Shown::Kind::fileDialog,
+          ui::Icon::none,
+          dialog.title,
+          {},
+          dialog.initialPath,
+          path.value_or("")},
          "cancelled");
     return path;
   }

@@ -18,8 +18,7 @@ using core::trap;
 
 constexpr const char* noSubtitle = "<not supported by your corporate layout>";
 
-constexpr const char* dataCorrupted =
-    "The Agenda Wizard data seems to be corrupted. Please contact us at ";
+constexpr const char* dataCorrupted = "The Agenda Wizard data seems to be corrupted. Please contact us at ";
 constexpr const char* templateCorrupted =
     "The Agenda Wizard template seems to be corrupted. Please contact us at ";
 

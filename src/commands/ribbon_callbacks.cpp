@@ -13,7 +13,6 @@
 namespace vellumark::commands {
 namespace {
 
-constexpr std::int16_t styleChooser = 1025;
 constexpr std::int16_t firstLanguage = 1093, lastLanguage = 1095;
 constexpr std::int16_t fitToText = 1085, wrapText = 1086;
 constexpr std::int16_t firstCommand = 1002, behindCommands = 1118;

@@ -40,9 +40,7 @@ class AgendaImport : public test::AgendaStage {
   std::string information(const char* text) {
     return std::string("Vellumark for presentations [information] ") + text;
   }
-  std::string critical(const std::string& text) {
-    return "Vellumark for presentations [critical] " + text;
-  }
+  std::string critical(const std::string& text) { return "Vellumark for presentations [critical] " + text; }
 
   std::optional<std::string> chosen_;
   std::string title_;
@@ -57,7 +55,9 @@ TEST_F(AgendaImport, ReplacesTheDocumentAsAWhole) {
   other.items = {{.text = "x", .responsible = "Xin"}, {.level = 2, .text = "y"}};
   EXPECT_EQ(importing(deckWith(other.text())), Texts{});
   EXPECT_EQ(title_, "Import agenda from another presentation...");
-  EXPECT_EQ(filters_, (std::vector<std::pair<std::string, std::string>>{{"PowerPoint presentations", "*.ppt; *.pptx"}}));
+  EXPECT_EQ(
+      filters_,
+      (std::vector<std::pair<std::string, std::string>>{{"PowerPoint presentations", "*.ppt; *.pptx"}}));
   EXPECT_EQ(host->application().Presentations().Count(), 1) << "the other one is closed again";
   EXPECT_EQ(items(), "1 x, Xin; 2 y; ");
   EXPECT_EQ(wizard().tbTitle.text(), "Theirs");
@@ -80,16 +80,18 @@ TEST_F(AgendaImport, ReplacesTheDocumentAsAWhole) {
 
 TEST_F(AgendaImport, WhatCannotBeImported) {
   EXPECT_EQ(importing(std::nullopt), Texts{});
-  EXPECT_EQ(importing(deckWith("")), Texts{information("The specified PowerPoint presentation does not contain "
-                                                       "agenda information.")});
+  EXPECT_EQ(importing(deckWith("")),
+            Texts{information("The specified PowerPoint presentation does not contain "
+                              "agenda information.")});
   const std::string missing = folder.path("missing.pptx");
   EXPECT_EQ(importing(missing), Texts{critical("Could not read file '" + missing + "'.")});
   EXPECT_EQ(items(), "1 old; ");
   EXPECT_EQ(failures.take(), Texts{});
   // A text that can't be read leaves an empty document behind the old controls.
-  EXPECT_EQ(importing(deckWith("<Vellumark>")),
-            Texts{critical("The agenda information in the specified PowerPoint presentation does not seem to be "
-                           "valid.")});
+  EXPECT_EQ(
+      importing(deckWith("<Vellumark>")),
+      Texts{critical("The agenda information in the specified PowerPoint presentation does not seem to be "
+                     "valid.")});
   EXPECT_EQ(wizard().tbAgendaItem.text(), "old");
   EXPECT_TRUE(wizard().agendaDoc.empty());
   wizard().tbAgendaItem.text("changed");

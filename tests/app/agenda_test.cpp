@@ -100,7 +100,8 @@ TEST_F(Agenda, SlidesOfItemsThatStayKeepTheirPlaces) {
 
 TEST_F(Agenda, PageNumbersAreCompleteAtOnce) {
   const std::string out = folder_.path("out.pptx");
-  ASSERT_EQ(agenda({deck_, "--items", folder_.write("a.txt", "A\nB\n"), "--pages", "--no-numbers", "-o", out}).status,
+  ASSERT_EQ(agenda({deck_, "--items", folder_.write("a.txt", "A\nB\n"), "--pages", "--no-numbers", "-o", out})
+                .status,
             0);
   deck::EmbeddedHost host;
   const host::Shapes shapes = host.open(out).Slides().Item(2).Shapes();
@@ -120,11 +121,16 @@ TEST_F(Agenda, FaultsOfListsAreTold) {
     const char* told;
   } cases[] = {
       {"a.txt", "", ": holds no items; write one a line"},
-      {"a.txt", "  first\n", ", line 1: begins on the second level; the first item has to stand on the first"},
+      {"a.txt", "  first\n",
+       ", line 1: begins on the second level; the first item has to stand on the first"},
       {"a.txt", "one\n    two\n",
        ", line 2: is indented for a third level; an agenda has two, the second behind one tab or two blanks"},
-      {"a.txt", "a\tb\n", ", line 1: text holds a line break, a tab or another control character; write it on one line"},
-      {"a.txt", "\xFF\xFE" "a", ": is no text in UTF-8; save it as UTF-8 text or CSV"},
+      {"a.txt", "a\tb\n",
+       ", line 1: text holds a line break, a tab or another control character; write it on one line"},
+      {"a.txt",
+       "\xFF\xFE"
+       "a",
+       ": is no text in UTF-8; save it as UTF-8 text or CSV"},
       {"a.csv", "1,a\n3,b\n", ", line 2: level is \"3\"; write a whole number from 1 to 2"},
       {"a.csv", "1,a,,x\n", ", line 1: minutes is \"x\"; write a whole number from 0 to 1440"},
       {"a.csv", "1,a,,1441\n", ", line 1: minutes is \"1441\"; write a whole number from 0 to 1440"},
@@ -134,9 +140,11 @@ TEST_F(Agenda, FaultsOfListsAreTold) {
       {"a.csv", "1,a,b,5,no,yes,yes,more\n",
        ", line 1: has 8 fields; put a text with a separator in it in double quotes"},
       {"a.csv", "1,a,,,,no,yes\n",
-       ", line 1: wants a slide of its own for an item that isn't shown; write no for own slide, or yes for shown"},
+       ", line 1: wants a slide of its own for an item that isn't shown; write no for own slide, or yes for "
+       "shown"},
       {"a.csv", "level,when\n",
-       ", line 1: there is no column \"when\"; there are level, text, responsible, minutes, break, shown, own slide"},
+       ", line 1: there is no column \"when\"; there are level, text, responsible, minutes, break, shown, "
+       "own slide"},
       {"a.csv", "level,minutes\n", ", line 1: has no column \"text\"; add it to the header line"},
       {"a.csv", long_, ", line 23: brings the agenda to more than 31327 minutes; shorten the items"},
   };
@@ -155,7 +163,9 @@ TEST_F(Agenda, RefusalsWriteNothing) {
       {{"--items", list}, 2, "give -o OUT or --in-place"},
       {{"-o", out}, 1, "holds no agenda; make one with"},
       {{"--export"}, 1, "holds no agenda; make one with"},
-      {{"--items", list, "--style", "Green", "-o", out}, 2, "there are \"Vellumark Blue\", \"Vellumark Grey\""},
+      {{"--items", list, "--style", "Green", "-o", out},
+       2,
+       "there are \"Vellumark Blue\", \"Vellumark Grey\""},
       {{"--items", list, "--start", "25:00", "-o", out}, 2, "--start 25:00: is refused"},
       {{"--items", list, "--times", "--pages", "-o", out}, 2, "excludes"},
       {{"--export", "--items", list}, 2, "excludes"},

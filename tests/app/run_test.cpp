@@ -241,6 +241,27 @@ TEST_F(Run, TheClipboardIsFilledBeforeTheCommand) {
   EXPECT_EQ(failureLines(empty.err).size(), 1u) << empty.err;
 }
 
+TEST_F(Run, NoticesComeFromTheStyleThatIsChosen) {
+  const auto notices = [&](const std::string& deck, const char* number, std::vector<std::string> more) {
+    more.insert(more.end(), {"-o", out_});
+    const Outcome outcome = runCommand(std::string("insertCopyright ") + number, deck, more);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    return readZipFile(out_)["ppt/slideMasters/slideMaster1.xml"].bytes;
+  };
+  const std::string first = notices(deck_, "1", {});
+  EXPECT_NE(first.find("Internal use only"), std::string::npos);
+  EXPECT_NE(first.find("44546A"), std::string::npos) << "of the first style";
+  const std::string once = folder_.path("once.pptx");
+  fs::rename(out_, once);
+  const std::string second = notices(once, "2", {"--style", "vellumark grey"});
+  EXPECT_EQ(second.find("Internal use only"), std::string::npos);
+  EXPECT_NE(second.find("Confidential"), std::string::npos);
+  EXPECT_EQ(second.find("44546A"), std::string::npos);
+  EXPECT_EQ(runCommand("insertCopyright 1", deck_, {"--style", "Green"}).status, 2);
+  EXPECT_EQ(runCommand("insertCopyright 1", deck_, {"--style", "Vellumark Grey", "--host", "11.0"}).status,
+            2);
+}
+
 TEST_F(Run, DemoStraightensASlide) {
   DeckBuilder builder;
   builder.slide("title");
