@@ -7,6 +7,7 @@
 
 #include "deck/model/auto_size.h"
 #include "deck/model/member_table.h"
+#include "deck/model/shape_frame.h"
 #include "deck/model/shape_node.h"
 #include "deck/model/text_box.h"
 #include "deck/model/text_style.h"
@@ -210,6 +211,20 @@ class TabStopObject : public RulerPart<TabStopObject> {
   std::int64_t position_;
 };
 
+/// A stop at the very end of the line, brought into the line for programs that count in hundredths of a
+/// millimetre and round the frame and each margin alone: a rounding behind the end, its text would go to the
+/// next line. Other stops stay where they are.
+std::int64_t withinLine(const ShapeKey& shape, std::int64_t position) {
+  constexpr double hundredth = 360;  // EMU
+  const auto rounded = [](double length) { return std::llround(length / hundredth); };
+  const double width = slideFramePart(shape, FramePart::width);
+  const auto left = static_cast<double>(boxMargin(shape, BoxProperty::marginLeft)),
+             right = static_cast<double>(boxMargin(shape, BoxProperty::marginRight));
+  if (std::abs(static_cast<double>(position) - (width - left - right)) > 1) return position;
+  const long long end = rounded(width) - rounded(left) - rounded(right);
+  return std::min<std::int64_t>(position, std::llround((static_cast<double>(end) + 0.5) * hundredth) - 1);
+}
+
 /// The stops of the first paragraph, in order; changes go to all paragraphs.
 class TabStopsObject : public RulerPart<TabStopsObject> {
  public:
@@ -235,7 +250,7 @@ class TabStopsObject : public RulerPart<TabStopsObject> {
     if (kind == std::end(tabNames) || !(std::abs(points) * emuPerPoint <= static_cast<double>(longest))) {
       base::raise(base::errors::outOfRange);
     }
-    const std::int64_t position = toEmu(points);
+    const std::int64_t position = withinLine(shape(), toEmu(points));
     for (xml_node paragraph : requireTextBody(shape().node).children("a:p")) {
       xml_node list = requireTabs(shape(), paragraph);
       const xml_node next =

@@ -1,5 +1,7 @@
 // Formats of text: what is inherited, what is written, and where.
 
+#include <cmath>
+
 #include "deck/model/shape_fixture.h"
 #include "host/constants.h"
 
@@ -174,6 +176,25 @@ TEST_F(TextFormatTest, TabStopsStandInAllParagraphs) {
   tabs().Item(1).Clear();
   ASSERT_EQ(tabs().Count(), 1);
   EXPECT_EQ(tabs().Item(1).Position(), 200);
+}
+
+TEST_F(TextFormatTest, ATabStopAtTheEndOfTheLineStandsInItInHundredthsOfAMillimetreToo) {
+  const auto hundredths = [](float points) { return std::lround(points * 12700 / 360); };
+  for (const float margin : {0.0F, 5.6F, 6.4F, 7.2F, 8.0F}) {
+    for (float width = 600; width < 602; width += 0.1F) {
+      deck = test::DeckBuilder();
+      deck.slide().textBox(0, 0, width, 30, "a\tb").named("A");
+      open();
+      const host::TextFrame frame = shape("A").TextFrame();
+      frame.MarginLeft(margin);
+      frame.MarginRight(margin);
+      const float end = shape("A").Width() - 2 * margin;
+      frame.Ruler().TabStops().Add(host::ppTabStopRight, end);
+      const float position = frame.Ruler().TabStops().Item(1).Position();
+      EXPECT_LE(hundredths(position), hundredths(width) - 2 * hundredths(margin)) << margin << " " << width;
+      EXPECT_NEAR(position, end, 0.04) << margin << " " << width;
+    }
+  }
 }
 
 TEST_F(TextFormatTest, FillsAndLinesComeFromStyleAndAreWritten) {
