@@ -118,6 +118,16 @@ HWND DrivenForm::control(const std::string& name) const {
   return found;
 }
 
+std::string DrivenForm::labels() const {
+  std::string text;
+  eachChild(window_, [&](HWND child) {
+    if (!base::equalsIgnoreCase(windowClass(child), "Static") || !IsWindowVisible(child)) return;
+    const std::string label = windowText(child);
+    if (!label.empty()) text += (text.empty() ? "" : "\r\n") + label;
+  });
+  return text;
+}
+
 void DrivenForm::perform(const ui::DialogStep& step) const {
   const HWND target = control(step.control);
   if (target == nullptr) refuse(name_, step, "there is no such control");

@@ -43,6 +43,10 @@ class DrivenForm {
   std::string title() const { return windowText(window_); }
   /// The window of a control ("tbM(2)" within an array), in any case; null where there is none.
   HWND control(const std::string& name) const;
+  /// Whether somebody waits until it is closed.
+  bool isModal() const { return GetPropW(window_, L"VellumarkModal") != nullptr; }
+  /// The texts of its labels, a line each.
+  std::string labels() const;
   /// Does one step of a script. base::Error 5 where the form has no such control or it can't be used.
   void perform(const ui::DialogStep& step) const;
   /// As its close button.

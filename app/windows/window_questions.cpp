@@ -117,6 +117,12 @@ class WindowQuestions : public Questions {
     shown.name = form.name();
     const bool scripted =
         armed_ && !dialogs_.empty() && base::equalsIgnoreCase(dialogs_.front().form, form.name());
+    if (!scripted && !form.isModal()) {
+      shown.staysOpen = true;
+      shown.text = form.labels();
+      note(shown);
+      return;
+    }
     if (!scripted && platform::environmentVariable("VELLUMARK_SHOW") == "1") {
       note(shown, "shown on the display");
       return;

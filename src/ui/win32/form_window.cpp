@@ -10,6 +10,8 @@
 namespace vellumark::ui::win32 {
 namespace {
 
+constexpr const wchar_t* modalProperty = L"VellumarkModal";
+
 /// Whether anything but empty space grows with the window.
 bool stretches(const Box& box) {
   if (box.kind() != Box::Kind::space && box.stretchFactor() > 0) return true;
@@ -61,8 +63,10 @@ void FormWindow::makePeers() {
 
 void FormWindow::runModal() {
   modality_ = std::make_unique<Modality>(handle_);
+  SetPropW(handle_, modalProperty, handle_);
   present();
   loops_.run([this] { return live_; });
+  if (handle_) RemovePropW(handle_, modalProperty);
 }
 
 void FormWindow::runModeless(std::function<void(FormWindow&)> gone) {

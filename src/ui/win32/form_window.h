@@ -34,7 +34,7 @@ class FormClass {
 ///
 /// The window answers the registered message "VellumarkControlName" with the name of the control whose window
 /// wParam is, or of the form where that is 0: written to the wchar_t[64] at lParam, its length is the result,
-/// 0 for no control.
+/// 0 for no control. It has the property "VellumarkModal" while somebody waits for the form.
 class FormWindow : private FormView, private PeerWindow {
  public:
   FormWindow(Form& form, EventLoops& loops, Resources& resources);
