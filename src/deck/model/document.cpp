@@ -6,6 +6,7 @@
 
 #include "base/error.h"
 #include "deck/model/new_presentation.h"
+#include "deck/model/references.h"
 #include "deck/model/xml_order.h"
 #include "deck/package/namespaces.h"
 #include "platform/paths.h"
@@ -124,18 +125,43 @@ void Document::save() {
     throw FormatError(name(), "was never saved and has no file yet: save it under a path first");
   }
   if (readOnly_) throw FormatError(path_, "was opened read-only: save it under another path");
+  dropLoose();
   package_->save(path_);
   saved_ = true;
 }
 
 void Document::saveAs(const std::string& path) {
+  dropLoose();
   package_->save(path);
   path_ = absolutePath(path);
   readOnly_ = false;
   saved_ = true;
 }
 
-void Document::saveCopyAs(const std::string& path) { package_->save(path, false); }
+void Document::saveCopyAs(const std::string& path) {
+  dropLoose();
+  package_->save(path, false);
+}
+
+void Document::loosen(const PartRef& part, const std::vector<std::string>& relationships) {
+  if (!relationships.empty()) loose_[part].insert(relationships.begin(), relationships.end());
+}
+
+void Document::dropLoose() {
+  std::vector<PartRef> targets;
+  for (auto& [part, ids] : loose_) {
+    if (part->removed()) continue;
+    for (const Reference& reference : referencesIn(part->root())) ids.erase(reference.attribute.value());
+    for (const std::string& id : ids) {
+      const Relationship* relationship = part->relationship(id);
+      if (!relationship) continue;
+      if (PartRef target = part->target(*relationship)) targets.push_back(std::move(target));
+      part->unrelate(id);
+    }
+  }
+  loose_.clear();
+  package_->removeUnreachable(targets);
+}
 
 std::vector<SlideEntry> Document::slides() const {
   std::vector<SlideEntry> entries;

@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <pugixml.hpp>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -76,6 +78,10 @@ class Document : public std::enable_shared_from_this<Document> {
   void saveAs(const std::string& path);
   void saveCopyAs(const std::string& path);
 
+  /// Nodes of a part that referred to these relationships are gone: when the file is written, relationships
+  /// that nothing in the part refers to any more go, and parts that only they led to.
+  void loosen(const PartRef& part, const std::vector<std::string>& relationships);
+
   // Slides.
   std::vector<SlideEntry> slides() const;
   std::size_t slideCount() const;
@@ -111,6 +117,7 @@ class Document : public std::enable_shared_from_this<Document> {
  private:
   Document() = default;
   std::int32_t nextSlideId();
+  void dropLoose();
   /// Lists a new slide in the section of the slide that it comes before, in the last one where there is none.
   void addToSection(std::int32_t id, std::int32_t before);
 
@@ -127,7 +134,8 @@ class Document : public std::enable_shared_from_this<Document> {
     std::function<void()> adopt;
   };
   std::vector<Draft> drafts_;
-  std::int32_t highestSlideId_ = 0;  ///< ids are never used twice while the file is open
+  std::map<PartRef, std::set<std::string>> loose_;  ///< relationships that may be referred to no longer
+  std::int32_t highestSlideId_ = 0;                 ///< ids are never used twice while the file is open
 };
 
 }  // namespace vellumark::deck

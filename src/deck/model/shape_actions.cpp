@@ -4,6 +4,7 @@
 #include <set>
 
 #include "base/error.h"
+#include "deck/model/references.h"
 #include "deck/model/shape_frame.h"
 #include "deck/model/shape_node.h"
 #include "deck/model/shape_timing.h"
@@ -46,12 +47,21 @@ void disconnect(xml_node parent, const std::set<std::int32_t>& ids) {
   }
 }
 
+void bury(const Sheet& sheet, xml_node node) {
+  std::vector<std::string> relationships;
+  for (const Reference& reference : referencesIn(node)) {
+    relationships.emplace_back(reference.attribute.value());
+  }
+  sheet.document->loosen(sheet.part, relationships);
+  sheet.part->bury(node);
+}
+
 void buryWithEmptyGroups(const ShapeKey& shape) {
   xml_node group = parentGroup(shape.node);
-  shape.sheet.part->bury(treeNode(shape.node));
+  bury(shape.sheet, treeNode(shape.node));
   while (group && shapeNodes(group).empty()) {
     const xml_node outer = parentGroup(group);
-    shape.sheet.part->bury(treeNode(group));
+    bury(shape.sheet, treeNode(group));
     group = outer;
   }
   fitGroups(shape.sheet, group);

@@ -254,32 +254,51 @@ std::string Package::freeName(const std::string& pattern) const {
   }
 }
 
-void Package::remove(const PartRef& part) {
-  if (part->removed_) return;
-  std::unordered_set<Part*> gone;
-  follow({part}, gone);
-  if (gone.size() > 1) {
-    // What the package and the other parts lead to without this one stays.
-    std::vector<PartRef> others;
-    for (const Relationship& relationship : state_->relationships->all()) {
-      if (PartRef target = relationship.external ? nullptr : this->part(relationship.target)) {
-        others.push_back(std::move(target));
-      }
+void Package::keepUnreachable(std::unordered_set<Part*>& parts, Part* without) {
+  std::vector<PartRef> others;
+  for (const Relationship& relationship : state_->relationships->all()) {
+    if (PartRef target = relationship.external ? nullptr : part(relationship.target)) {
+      others.push_back(std::move(target));
     }
-    std::ranges::copy_if(state_->parts, std::back_inserter(others),
-                         [&](const PartRef& other) { return !gone.contains(other.get()); });
-    std::unordered_set<Part*> reached{part.get()};
-    follow(std::move(others), reached);
-    std::erase_if(gone, [&](Part* one) { return one != part.get() && reached.contains(one); });
   }
+  std::ranges::copy_if(state_->parts, std::back_inserter(others),
+                       [&](const PartRef& other) { return !parts.contains(other.get()); });
+  std::unordered_set<Part*> reached;
+  if (without) reached.insert(without);
+  follow(std::move(others), reached);
+  std::erase_if(parts, [&](Part* one) { return reached.contains(one); });
+}
+
+void Package::erase(const std::unordered_set<Part*>& parts) {
+  if (parts.empty()) return;
   std::erase_if(state_->parts, [&](const PartRef& candidate) {
-    if (!gone.contains(candidate.get())) return false;
+    if (!parts.contains(candidate.get())) return false;
     candidate->removed_ = true;
     state_->contentTypes->remove(candidate->name());
     state_->byName.erase(partKey(candidate->name()));
     return true;
   });
   state_->partsChanged = true;
+}
+
+void Package::remove(const PartRef& part) {
+  if (part->removed_) return;
+  std::unordered_set<Part*> gone;
+  follow({part}, gone);
+  gone.erase(part.get());
+  if (!gone.empty()) keepUnreachable(gone, part.get());
+  gone.insert(part.get());
+  erase(gone);
+}
+
+void Package::removeUnreachable(const std::vector<PartRef>& parts) {
+  std::unordered_set<Part*> gone;
+  for (const PartRef& part : parts) {
+    if (!part->removed_) follow({part}, gone);
+  }
+  if (gone.empty()) return;
+  keepUnreachable(gone);
+  erase(gone);
 }
 
 bool Package::changed() const {

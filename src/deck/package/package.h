@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "deck/package/format_error.h"
@@ -55,6 +56,8 @@ class Package {
   /// Takes a part with its relationships out of the package. Parts that only it related to, directly or not,
   /// go as well. Relationships that other parts have to it are theirs to take away.
   void remove(const PartRef& part);
+  /// Takes those of the parts out that nothing else relates to any more, and what only they related to.
+  void removeUnreachable(const std::vector<PartRef>& parts);
 
   /// Whether anything differs from the file that was opened or last saved.
   bool changed() const;
@@ -85,6 +88,11 @@ class Package {
   PartRef add(const std::string& name, const std::string& contentType);
   PartRef draft(const std::string& name, const std::string& contentType);
   std::unique_ptr<pugi::xml_document> parseNew(const std::string& name, std::string_view xml) const;
+
+  /// Keeps those of a set of parts that neither the package nor a part outside the set leads to, ways that
+  /// lead over `without` left out.
+  void keepUnreachable(std::unordered_set<Part*>& parts, Part* without = nullptr);
+  void erase(const std::unordered_set<Part*>& parts);
 
   struct State;
   std::unique_ptr<State> state_;

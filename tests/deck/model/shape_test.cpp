@@ -1,5 +1,6 @@
 // Kinds, properties, order, deletion, selection and making of shapes.
 
+#include <algorithm>
 #include <filesystem>
 
 #include "base/text.h"
@@ -143,6 +144,32 @@ TEST_F(ShapeTest, OrdersShapesFromBackToFront) {
   const host::ShapeRange two(host::callByName(shapes().object(), "Range", names).toObject());
   host::callByName(two.object(), "ZOrder", std::array{host::Value(0)});
   EXPECT_EQ(order(), "bcad");
+}
+
+TEST_F(ShapeTest, PartsThatOnlyADeletedShapeReferredToAreNotWritten) {
+  auto slide = deck.slide();
+  slide.picture(0, 0, 50, 40).named("Picture").tag("MARK", "1");
+  slide.group(100, 0, 50, 50).named("Group").children().chart(100, 0, 50, 50, {{"A", 1}}).named("Chart");
+  open();
+  host::callByName(shape("Picture").object(), "Duplicate");
+  shapes().Item(shapes().Count()).Name("Second");
+  const auto parts = [&](const std::string& under) {
+    presentation.SaveCopyAs(folder.path("parts.pptx"));
+    const ZipEntries entries = readZipFile(folder.path("parts.pptx"));
+    EXPECT_EQ(packageFaults(entries), std::vector<std::string>());
+    return std::ranges::count_if(entries, [&](const auto& entry) { return entry.first.starts_with(under); });
+  };
+  EXPECT_EQ(parts("ppt/tags/"), 2);
+  EXPECT_GE(parts("ppt/charts/"), 1);
+  shape("Picture").Delete();
+  EXPECT_EQ(parts("ppt/tags/"), 1);
+  EXPECT_EQ(parts("ppt/media/"), 1) << "the other one shows it too";
+  shape("Second").Delete();
+  EXPECT_EQ(parts("ppt/tags/"), 0);
+  EXPECT_EQ(parts("ppt/media/"), 0);
+  shape("Group").GroupItems().Item(1).Delete();
+  EXPECT_EQ(parts("ppt/charts/"), 0);
+  EXPECT_EQ(parts("ppt/embeddings/"), 0);
 }
 
 TEST_F(ShapeTest, ADeletedShapeLeavesNothingBehind) {
