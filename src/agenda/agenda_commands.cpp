@@ -37,8 +37,7 @@ void AgendaCommands::disconnectAgendaSlides() {
   const ui::Answer answer = core::message(
       "If you disconnect agenda slides from the Agenda Wizard, the Agenda Wizard will not update or remove "
       "these slides in the future.\r\n\r\nAre you sure you want to disconnect the selected agenda slides "
-      "from "
-      "the Agenda Wizard?",
+      "from the Agenda Wizard?",
       ui::Icon::question, ui::Buttons::yesNo, noButton);
   if (answer != ui::Answer::yes) return;
   const host::SlideRange slides = core::globals().powerPointApp.ActiveWindow().Selection().SlideRange();

@@ -111,8 +111,7 @@ void pptEvents::warnOfTemporaryFolder(const host::Presentation& presentation) co
   }
   core::message(
       "Caution! This presentation is being saved in a temporary folder.\r\nData in this folder may be "
-      "deleted "
-      "or overwritten inadvertently.",
+      "deleted or overwritten inadvertently.",
       ui::Icon::exclamation);
 }
 

@@ -94,8 +94,7 @@ void TrimlineTools::setBlackWhiteMode() {
     if (type == host::ppSelectionText || type == host::ppSelectionNone) {
       const ui::Answer answer = core::message(
           "You have not selected any slides or shapes.\r\nWould you like to apply the black and white "
-          "settings "
-          "to the entire presentation instead?",
+          "settings to the entire presentation instead?",
           ui::Icon::question, ui::Buttons::okCancel);
       if (answer == ui::Answer::cancel) return;
     }

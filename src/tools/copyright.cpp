@@ -117,8 +117,7 @@ void TrimlineTools::insertCopyright(std::int32_t index) {
     if (application.Windows().Count() == 0) {
       message(
           "There is no active presentation.\r\nPlease open a presentation or create a new presentation "
-          "before "
-          "inserting a copyright notice.",
+          "before inserting a copyright notice.",
           ui::Icon::critical);
       return;
     }

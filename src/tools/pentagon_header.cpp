@@ -107,8 +107,7 @@ void TrimlineTools::adjustPentagonHeader() {
     if (!header) {
       core::message(
           "Nothing appropriate is currently selected.\r\nPlease select the pentagon (block arrow) and the "
-          "corresponding "
-          "header box.",
+          "corresponding header box.",
           ui::Icon::information);
       return;
     }
