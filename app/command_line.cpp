@@ -94,6 +94,8 @@ const char* const viewDescription = R"(The view: slide, slidemaster, notes, hand
 notesmaster, outline, sorter, titlemaster, normal, thumbnails)";
 const char* const dialogDescription = R"(Answer a dialog; again for further ones, in order:
 'FORM: control=value; control(2)=value; button')";
+const char* const styleDescription = R"(Take over the look of a style (default: of the style that
+was chosen before, else one that suits the slides))";
 const char* const answerDescription = R"(Answer a message box by its button, an input box by its
 text, a file dialog by a path; again for further ones,
 in order (default: the box's own))";
@@ -197,8 +199,8 @@ void addAgenda(CLI::App& program, AgendaCommandOptions& options) {
   CLI::App& agenda = *program.add_subcommand("agenda", "Make the agenda slides of a deck, or list its items");
   agenda.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
   CLI::Option* items = agenda.add_option("--items", options.items, itemsDescription)->option_text("FILE");
-  CLI::Option* style = agenda.add_option("--style", options.agenda.style, "Take over the look of a style")
-                           ->option_text("NAME");
+  CLI::Option* style =
+      agenda.add_option("--style", options.agenda.style, styleDescription)->option_text("NAME");
   agenda.add_option("--title", options.agenda.title, "Title of the agenda slides")->option_text("TEXT");
   agenda.add_option("--subtitle", options.agenda.subtitle, "The line below it")->option_text("TEXT");
   agenda.add_option("--start", options.agenda.start, "When the first item begins")->option_text("HH:MM");

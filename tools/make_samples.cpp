@@ -513,8 +513,10 @@ int main(int argc, char** argv) {
   try {
     const std::string product = argv[1], styles = product + "/customization/styles/";
     vellumark::samples::quarterlyReview().save(product + "/samples/quarterly_review.pptx");
-    vellumark::samples::saveNotices(styles + "Vellumark Blue", "44546A");
-    vellumark::samples::saveNotices(styles + "Vellumark Grey", "595959");
+    for (const char* size : {"", " Wide"}) {
+      vellumark::samples::saveNotices(styles + "Vellumark Blue" + size, "44546A");
+      vellumark::samples::saveNotices(styles + "Vellumark Grey" + size, "595959");
+    }
   } catch (const std::exception& failure) {
     std::cerr << "make_samples: " << failure.what() << "\n";
     return 1;

@@ -6,6 +6,7 @@
 #include "agenda/agenda_ties.h"
 #include "console.h"
 #include "core/globals.h"
+#include "core/template_paths.h"
 #include "deck/embedded_host.h"
 #include "files.h"
 #include "installation.h"
@@ -59,6 +60,26 @@ Exit exportItems(const AgendaCommandOptions& options) {
   return Exit::done;
 }
 
+/// For slides that have no agenda yet, and nobody's choice of a style, the style that suits their size.
+AgendaOptions withStyle(AgendaOptions options, const host::Presentation& presentation) {
+  const host::Tags known = presentation.Tags();
+  if (options.style || !known.Item(tags::document).empty() || !known.Item(core::styleTag).empty()) {
+    return options;
+  }
+  const host::PageSetup page = presentation.PageSetup();
+  const std::string suitable = styleForSlides(page.SlideWidth(), page.SlideHeight());
+  if (!suitable.empty()) options.style = suitable;
+  return options;
+}
+
+void tellWhatLeavesTheSlides(const host::Presentation& presentation, const std::string& deck) {
+  const host::PageSetup page = presentation.PageSetup();
+  const double width = page.SlideWidth(), height = page.SlideHeight();
+  if (staysOnSlides(storedAgenda(presentation, deck), width, height)) return;
+  tell("the agenda's rows don't stay on slides of " + pointsText(width) + " by " + pointsText(height) +
+       " points; take another --style, or one of your own with a smaller frame in its agendawizard.xml\n");
+}
+
 /// The items as they are now, and which slide each of them has.
 std::string report(const host::Presentation& presentation, const std::string& deck) {
   const AgendaDocument document = storedAgenda(presentation, deck);
@@ -104,7 +125,7 @@ Exit agenda(const AgendaCommandOptions& options, const Surroundings& surrounding
   questions->begin();
   try {
     AgendaEditor editor;
-    editor.setOptions(options.agenda);
+    editor.setOptions(withStyle(options.agenda, presentation));
     if (!items.empty()) editor.setItems(items);
     editor.finish();
     // Numbers of slides that came later than a row are known only now.
@@ -115,6 +136,7 @@ Exit agenda(const AgendaCommandOptions& options, const Surroundings& surrounding
   }
   questions->requireWhole("agenda");
   session.save(options.out);
+  tellWhatLeavesTheSlides(presentation, options.deck);
   print(report(presentation, options.deck) + "\nwritten " +
         oneLine(options.inPlace ? options.deck : options.out) + "\n");
   return questions->settle("agenda");

@@ -6,6 +6,7 @@
 #include "core/failure.h"
 #include "core/helpers.h"
 #include "core/message.h"
+#include "core/template_paths.h"
 #include "platform/paths.h"
 #include "services/icons.h"
 #include "tools/trimline_tools.h"
@@ -14,9 +15,9 @@ namespace vellumark::commands {
 namespace {
 
 using core::globals;
+using core::styleTag;
 using core::trap;
 
-constexpr const char* styleTag = "zorp_style";
 constexpr const char* hiddenShapesTag = "zorp_hiddenShapes";
 
 int openPresentations() { return globals().powerPointApp.Presentations().Count(); }

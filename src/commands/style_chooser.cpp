@@ -5,11 +5,12 @@
 #include "core/config.h"
 #include "core/globals.h"
 #include "core/message.h"
+#include "core/template_paths.h"
 
 namespace vellumark::commands {
 namespace {
 
-constexpr const char* styleTag = "zorp_style";
+using core::styleTag;
 
 auto styleNodes() { return core::globals().menuDoc->child("Vellumark").children("style"); }
 

@@ -1,10 +1,13 @@
 #pragma once
-// Where the templates of a style lie.
+// Styles: where their templates lie, and how a presentation remembers its own.
 
 #include <cstdint>
 #include <string>
 
 namespace vellumark::core {
+
+/// The presentation's tag with the name of the style that was chosen for it.
+inline constexpr const char* styleTag = "zorp_style";
 
 /// A template of the current style as ribbon galleries and thumbnails find it: the style's name serves as the
 /// name of its folder.

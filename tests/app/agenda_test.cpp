@@ -111,6 +111,39 @@ TEST_F(Agenda, PageNumbersAreCompleteAtOnce) {
   EXPECT_NE(texts.find("B\t3;"), std::string::npos) << texts;
 }
 
+TEST_F(Agenda, TheStyleSuitsTheSlidesUnlessOneWasChosen) {
+  const std::string list = folder_.write("a.txt", "A\n"), out = folder_.path("out.pptx");
+  const auto styleOf = [](const std::string& path) {
+    deck::EmbeddedHost host;
+    return host.open(path).Tags().Item("zorp_agendaWizardStyle");
+  };
+  const struct {
+    double width, height;
+    const char* style;
+    bool stays;
+  } sizes[] = {{960, 540, "Vellumark Blue Wide", true},
+               {720, 540, "Vellumark Blue", true},
+               {720, 405, "Vellumark Blue", false}};
+  for (const auto& size : sizes) {
+    test::DeckBuilder deck;
+    deck.size(size.width, size.height).slide("titleOnly").placeholder("title").text("First");
+    deck.save(deck_);
+    const Outcome made = agenda({deck_, "--items", list, "-o", out});
+    EXPECT_EQ(made.status, 0) << made.err;
+    EXPECT_EQ(styleOf(out), size.style);
+    EXPECT_EQ(made.err.find("rows don't stay on slides of 720 by 405 points") == std::string::npos,
+              size.stays)
+        << made.err;
+  }
+  test::DeckBuilder chosen;
+  chosen.tag("ZORP_STYLE", "Vellumark Grey").slide("titleOnly").placeholder("title").text("First");
+  chosen.save(deck_);
+  EXPECT_EQ(agenda({deck_, "--items", list, "-o", out}).status, 0);
+  EXPECT_EQ(styleOf(out), "Vellumark Grey");
+  EXPECT_EQ(agenda({out, "--pages", "--in-place"}).status, 0);
+  EXPECT_EQ(styleOf(out), "Vellumark Grey") << "what an agenda has stays";
+}
+
 TEST_F(Agenda, FaultsOfListsAreTold) {
   const std::string oneDay = "1440\n";
   std::string long_ = "minutes,text\n";
@@ -165,7 +198,7 @@ TEST_F(Agenda, RefusalsWriteNothing) {
       {{"--export"}, 1, "holds no agenda; make one with"},
       {{"--items", list, "--style", "Green", "-o", out},
        2,
-       "there are \"Vellumark Blue\", \"Vellumark Grey\""},
+       "there are \"Vellumark Blue\", \"Vellumark Blue Wide\", \"Vellumark Grey\", \"Vellumark Grey Wide\""},
       {{"--items", list, "--start", "25:00", "-o", out}, 2, "--start 25:00: is refused"},
       {{"--items", list, "--times", "--pages", "-o", out}, 2, "excludes"},
       {{"--export", "--items", list}, 2, "excludes"},
