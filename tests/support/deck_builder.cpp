@@ -179,6 +179,12 @@ ShapeBuilder ShapeBuilder::columnWidths(std::vector<double> widths) const {
   return *this;
 }
 
+ShapeBuilder ShapeBuilder::tableStyle(const std::string& id, std::vector<std::string> flags) const {
+  data_->tableStyleId = id;
+  data_->tableFlags = std::move(flags);
+  return *this;
+}
+
 ShapeBuilder ShapeBuilder::rowHeights(std::vector<double> heights) const {
   data_->rowHeights = std::move(heights);
   return *this;
@@ -394,6 +400,11 @@ DeckBuilder& DeckBuilder::title(const std::string& title) {
 
 DeckBuilder& DeckBuilder::firstSlideNumber(int number) {
   data_->firstSlideNumber = number;
+  return *this;
+}
+
+DeckBuilder& DeckBuilder::tableStyle(const std::string& id, const std::string& parts) {
+  data_->tableStyles[id] = parts;
   return *this;
 }
 

@@ -104,6 +104,8 @@ class ShapeBuilder {
   // Tables only. A row or column of -1 means all of them.
   ShapeBuilder columnWidths(std::vector<double> widths) const;
   ShapeBuilder rowHeights(std::vector<double> heights) const;
+  /// The style by its id, and which of its parts are asked for instead of "firstRow" alone.
+  ShapeBuilder tableStyle(const std::string& id, std::vector<std::string> flags) const;
   ShapeBuilder cell(int row, int column, const TextStyle& style, const std::string& fill = {}) const;
   ShapeBuilder rule(int row, const std::string& color, double width = 0.75) const;  ///< a line below that row
 
@@ -196,6 +198,8 @@ class DeckBuilder {
   DeckBuilder& firstSlideNumber(int number);
   DeckBuilder& extraColor(const std::string& color);  ///< RRGGBB, into the recently used colours
   DeckBuilder& tag(const std::string& name, const std::string& value);
+  /// A table style of that id with these parts (XML).
+  DeckBuilder& tableStyle(const std::string& id, const std::string& parts);
   /// presentation.xml and all slides, layouts and masters with other namespace prefixes.
   DeckBuilder& unusualPrefixes();
 

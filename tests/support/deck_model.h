@@ -93,6 +93,8 @@ struct ShapeData {
 
   std::vector<std::vector<Cell>> cells;
   std::vector<double> columnWidths, rowHeights;
+  std::string tableStyleId;
+  std::vector<std::string> tableFlags{"firstRow"};
   std::map<int, Rule> rules;
 };
 
@@ -131,6 +133,7 @@ struct DeckData {
   std::string title = "Presentation";
   int firstSlideNumber = 1;
   std::vector<std::string> extraColors;
+  std::map<std::string, std::string> tableStyles;  ///< their parts by their ids
   Tags tags;
   bool unusualPrefixes = false;
   std::vector<std::shared_ptr<MasterData>> masters;

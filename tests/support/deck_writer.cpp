@@ -299,6 +299,8 @@ class DeckWriter {
     put("ppt/presProps.xml", presentationTypes + "presProps+xml", settings, false);
     relate(presentationPart, "presProps", "ppt/presProps.xml");
 
+    if (!deck_.tableStyles.empty()) writeTableStyles();
+
     pugi::xml_document core;
     const auto about = add(core, "cp:coreProperties",
                            {{"xmlns:cp", packageNames + "metadata/core-properties"},
@@ -309,6 +311,17 @@ class DeckWriter {
     add(about, "dcterms:created", {{"xsi:type", "dcterms:W3CDTF"}}).text() = "2024-01-01T00:00:00Z";
     put("docProps/core.xml", "application/vnd.openxmlformats-package.core-properties+xml", xmlText(core));
     relate("", packageNames + "relationships/metadata/core-properties", "docProps/core.xml");
+  }
+
+  void writeTableStyles() {
+    pugi::xml_document styles;
+    auto list = addRoot(styles, "a:tblStyleLst");
+    list.append_attribute("def") = deck_.tableStyles.begin()->first.c_str();
+    for (const auto& [id, parts] : deck_.tableStyles) {
+      addParsed(add(list, "a:tblStyle", {{"styleId", id}, {"styleName", id}}), parts);
+    }
+    put("ppt/tableStyles.xml", presentationTypes + "tableStyles+xml", styles, false);
+    relate(presentationPart, "tableStyles", "ppt/tableStyles.xml");
   }
 
   const DeckData& deck_;

@@ -284,7 +284,9 @@ class TreeWriter {
 
   void appendTable(xml_node parent, const ShapeData& shape) {
     const xml_node table = add(parent, "a:tbl");
-    add(table, "a:tblPr", {{"firstRow", 1}});
+    xml_node look = add(table, "a:tblPr");
+    for (const std::string& flag : shape.tableFlags) look.append_attribute(flag.c_str()) = 1;
+    if (!shape.tableStyleId.empty()) add(look, "a:tableStyleId").text() = shape.tableStyleId.c_str();
     const xml_node grid = add(table, "a:tblGrid");
     for (const double width : shape.columnWidths) add(grid, "a:gridCol", {{"w", emu(width)}});
     for (std::size_t r = 0; r < shape.cells.size(); ++r) {

@@ -7,6 +7,8 @@
 
 #include "deck/model/shape_frame.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/table_cell.h"
+#include "deck/model/table_size.h"
 #include "deck/model/text_area.h"
 #include "deck/model/text_box.h"
 #include "deck/model/text_layout.h"
@@ -73,6 +75,7 @@ bool fitOnce(const ShapeKey& shape) {
 
 void textChanged(const ShapeKey& shape) {
   shape.sheet.touch();
+  if (isTableCell(shape.node)) return fitRow(shape);
   if (textFit(shape) != TextFit::shape || shapeElement(shape.node) != ShapeElement::shape) return;
   // What a form takes from its frame changes with the frame.
   for (int step = 0; step < 4 && fitOnce(shape); ++step) continue;

@@ -70,9 +70,8 @@ class FontObject : public TextTarget<FontObject> {
 
   template <const char* attribute>
   std::int32_t flag() {
-    const auto value = common([&](const LevelStyles& styles, xml_node, xml_node run) {
-      return styles.run(run, attribute).as_bool();
-    });
+    const auto value = common(
+        [&](const LevelStyles& styles, xml_node, xml_node run) { return styles.runFlag(run, attribute); });
     return value ? (*value ? host::msoTrue : host::msoFalse) : host::mixed;
   }
   template <const char* attribute>

@@ -18,6 +18,7 @@
 #include "deck/model/shapes.h"
 #include "deck/model/table.h"
 #include "deck/model/table_cell.h"
+#include "deck/model/table_size.h"
 #include "deck/model/text_characters.h"
 #include "deck/model/text_frame.h"
 #include "deck/model/units.h"
@@ -148,9 +149,11 @@ class ShapeObject : public ModelObject<ShapeObject> {
   template <typename Assign>
   void change(float before, float value, Assign assign) {
     if (value == before) return;
-    ShapeFrame frame = slideFrame(shape_);
+    const ShapeFrame old = slideFrame(shape_);
+    ShapeFrame frame = old;
     assign(frame, emu(value));
     setSlideFrame(shape_, frame);
+    if (deck::hasTable(shape_)) stretchTable(shape_, old);
   }
 
   /// p:cNvPr, which has an id whatever the file left out.

@@ -11,10 +11,8 @@ namespace {
 
 using pugi::xml_node;
 
-constexpr std::int64_t longest = 51'206'400;  // EMU
 constexpr std::int64_t mostCells = 10'000;
 
-xml_node grid(xml_node table) { return table.child("a:graphic").child("a:graphicData").child("a:tbl"); }
 std::size_t countOf(xml_node parent, const char* name) {
   const auto found = parent.children(name);
   return static_cast<std::size_t>(std::distance(found.begin(), found.end()));
@@ -36,7 +34,7 @@ std::size_t span(xml_node cell, const char* name) {
 double sum(xml_node first, const char* attribute, std::size_t count) {
   double total = 0;
   for (; first && count > 0; first = first.next_sibling(first.name()), --count) {
-    total += static_cast<double>(wholeNumber(first.attribute(attribute), 0, longest));
+    total += static_cast<double>(wholeNumber(first.attribute(attribute), 0, longestTableLine));
   }
   return total / emuPerPoint;
 }
@@ -52,31 +50,44 @@ xml_node tableOf(xml_node cell) {
   return node;
 }
 
-std::size_t tableRows(xml_node table) { return countOf(grid(table), "a:tr"); }
-std::size_t tableColumns(xml_node table) { return countOf(grid(table).child("a:tblGrid"), "a:gridCol"); }
+xml_node tableElement(xml_node table) {
+  return table.child("a:graphic").child("a:graphicData").child("a:tbl");
+}
+
+std::size_t tableRows(xml_node table) { return countOf(tableElement(table), "a:tr"); }
+std::size_t tableColumns(xml_node table) {
+  return countOf(tableElement(table).child("a:tblGrid"), "a:gridCol");
+}
 
 xml_node tableCell(xml_node table, std::size_t row, std::size_t column) {
-  xml_node cell = nth(nth(grid(table), "a:tr", row), "a:tc", column);
+  xml_node cell = nth(nth(tableElement(table), "a:tr", row), "a:tc", column);
   while (column > 0 && cell.attribute("hMerge").as_bool()) {
-    cell = nth(nth(grid(table), "a:tr", row), "a:tc", --column);
+    cell = nth(nth(tableElement(table), "a:tr", row), "a:tc", --column);
   }
   while (row > 0 && cell.attribute("vMerge").as_bool()) {
-    cell = nth(nth(grid(table), "a:tr", --row), "a:tc", column);
+    cell = nth(nth(tableElement(table), "a:tr", --row), "a:tc", column);
   }
   return cell;
+}
+
+CellPlace cellPlace(xml_node cell) { return {placeOf(cell.parent()), placeOf(cell)}; }
+std::size_t cellRows(xml_node cell) { return span(cell, "rowSpan"); }
+std::size_t cellColumns(xml_node cell) { return span(cell, "gridSpan"); }
+
+bool isMerged(xml_node cell) {
+  return cell.attribute("hMerge").as_bool() || cell.attribute("vMerge").as_bool();
 }
 
 TextArea cellArea(const ShapeKey& cell) {
   const xml_node table = tableOf(cell.node);
   const ShapeFrame frame = slideFrame({cell.sheet, table});
-  const xml_node firstRow = grid(table).child("a:tr");
-  const xml_node firstColumn = grid(table).child("a:tblGrid").child("a:gridCol");
-  const std::size_t row = placeOf(cell.node.parent());
-  const std::size_t column = placeOf(cell.node);
+  const xml_node firstRow = tableElement(table).child("a:tr");
+  const xml_node firstColumn = tableElement(table).child("a:tblGrid").child("a:gridCol");
+  const auto [row, column] = cellPlace(cell.node);
   return {frame.x / emuPerPoint + sum(firstColumn, "w", column),
           frame.y / emuPerPoint + sum(firstRow, "h", row),
-          sum(nth(grid(table).child("a:tblGrid"), "a:gridCol", column), "w", span(cell.node, "gridSpan")),
-          sum(cell.node.parent(), "h", span(cell.node, "rowSpan"))};
+          sum(nth(tableElement(table).child("a:tblGrid"), "a:gridCol", column), "w", cellColumns(cell.node)),
+          sum(cell.node.parent(), "h", cellRows(cell.node))};
 }
 
 }  // namespace vellumark::deck

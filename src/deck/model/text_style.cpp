@@ -5,6 +5,8 @@
 #include "deck/model/color.h"
 #include "deck/model/placeholder.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/table_cell.h"
+#include "deck/model/table_styles.h"
 #include "deck/model/theme.h"
 
 namespace vellumark::deck {
@@ -66,6 +68,7 @@ LevelStyles::LevelStyles(const ShapeKey& shape, int level) {
   }
   add(masterStyles(shape));
   add(shape.sheet.document->presentation().child("p:defaultTextStyle"));
+  if (isTableCell(shape.node)) tableStyles_ = tableTextStyles(shape);
 }
 
 pugi::xml_attribute LevelStyles::paragraph(xml_node own, const char* attribute) const {
@@ -92,12 +95,42 @@ xml_node LevelStyles::runChild(xml_node own, const char* name) const {
   return {};
 }
 
+bool LevelStyles::runFlag(xml_node own, const char* attribute) const {
+  if (!own.attribute(attribute)) {
+    for (const xml_node style : tableStyles_) {
+      const std::string_view state = style.attribute(attribute).as_string("def");
+      if (state != "def") return state == "on";
+    }
+  }
+  return run(own, attribute).as_bool();
+}
+
+std::string LevelStyles::typeface(xml_node own) const {
+  if (!own.child("a:latin")) {
+    for (const xml_node style : tableStyles_) {
+      if (const xml_node font = style.child("a:font").child("a:latin")) {
+        return font.attribute("typeface").value();
+      }
+      const std::string_view place = style.child("a:fontRef").attribute("idx").value();
+      if (place == "minor" || place == "major") return place == "minor" ? "+mn-lt" : "+mj-lt";
+    }
+  }
+  const xml_node latin = runChild(own, "a:latin");
+  return latin ? latin.attribute("typeface").value() : "+mn-lt";
+}
+
+xml_node LevelStyles::color() const {
+  for (const xml_node style : tableStyles_) {
+    if (const xml_node found = colorElement(style)) return found;
+  }
+  return colorElement(runChild({}, "a:solidFill"));
+}
+
 CharacterFormat characterFormat(const ShapeKey& shape, const LevelStyles& styles, xml_node run) {
   CharacterFormat format;
-  const xml_node latin = styles.runChild(run, "a:latin");
-  format.face.family = fontFamily(shape.sheet, latin ? latin.attribute("typeface").value() : "+mn-lt");
-  format.face.bold = styles.run(run, "b").as_bool();
-  format.face.italic = styles.run(run, "i").as_bool();
+  format.face.family = fontFamily(shape.sheet, styles.typeface(run));
+  format.face.bold = styles.runFlag(run, "b");
+  format.face.italic = styles.runFlag(run, "i");
   constexpr std::int64_t smallest = 100, largest = 400'000, usual = 1'800;
   format.size = static_cast<double>(wholeNumber(styles.run(run, "sz"), smallest, largest, usual)) / 100;
   return format;
@@ -107,7 +140,7 @@ CharacterFormat characterFormat(const ShapeKey& shape, const LevelStyles& styles
 xml_node characterColor(const ShapeKey& shape, const LevelStyles& styles, xml_node run) {
   if (const xml_node own = colorElement(run.child("a:solidFill"))) return own;
   if (const xml_node styled = colorElement(shape.node.child("p:style").child("a:fontRef"))) return styled;
-  return colorElement(styles.runChild({}, "a:solidFill"));
+  return styles.color();
 }
 
 }  // namespace vellumark::deck

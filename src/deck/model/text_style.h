@@ -19,7 +19,8 @@ pugi::xml_node textBodyOf(pugi::xml_node shape);
 int paragraphLevel(pugi::xml_node paragraph);
 
 /// The styles that hold for one level of a shape's text, the nearest first: a:lvl1pPr and the like of the
-/// shape, of the placeholders that it inherits from, of the master and of the presentation.
+/// shape, of the placeholders that it inherits from, of the master and of the presentation. In cells, the
+/// style of the table stands before them.
 class LevelStyles {
  public:
   LevelStyles(const ShapeKey& shape, int level);
@@ -40,9 +41,16 @@ class LevelStyles {
   /// The same for the format of characters: `own` is an a:rPr, a:endParaRPr or nothing.
   pugi::xml_attribute run(pugi::xml_node own, const char* attribute) const;
   pugi::xml_node runChild(pugi::xml_node own, const char* name) const;
+  /// Whether characters are bold ("b") or italic ("i").
+  bool runFlag(pugi::xml_node own, const char* attribute) const;
+  /// The typeface of Latin characters, which may be a place in the theme ("+mn-lt").
+  std::string typeface(pugi::xml_node own) const;
+  /// The colour element of characters that have none of their own.
+  pugi::xml_node color() const;
 
  private:
   std::vector<pugi::xml_node> styles_;
+  std::vector<pugi::xml_node> tableStyles_;  ///< a:tcTxStyle, the nearest first
 };
 
 /// How characters are drawn, all inherited formats counted.

@@ -42,7 +42,9 @@ TEST_F(Copying, ShapesTakeAlongWhatTheyReferTo) {
   auto slide = deck.slide("titleOnly");
   slide.picture(10, 10, 50, 40).named("Picture").tag("KIND", "logo");
   slide.chart(100, 100, 200, 150, {{"A", 1}, {"B", 2}}).named("Chart");
-  slide.table(300, 10, 100, 60, {{"a", "b"}}).named("Table");
+  const std::string style = "{11111111-2222-3333-4444-555555555555}";
+  deck.tableStyle(style, R"(<a:wholeTbl><a:tcTxStyle b="on"/></a:wholeTbl>)");
+  slide.table(300, 10, 100, 60, {{"a", "b"}}).named("Table").tableStyle(style, {});
   slide.shape("rect", 400, 300, 90, 30).named("Turned").rotate(30).alternateContent();
   auto group = slide.group(500, 300, 100, 80).named("Group");
   group.children().picture(500, 300, 50, 80, "C8553D").named("Inner");
@@ -62,6 +64,7 @@ TEST_F(Copying, ShapesTakeAlongWhatTheyReferTo) {
   EXPECT_EQ(pasted.Item(4).Rotation(), 30);
   EXPECT_EQ(pasted.Item(5).GroupItems().Item(1).Name(), "Inner");
   EXPECT_EQ(pasted.Item(1).Left(), 10);
+  EXPECT_EQ(pasted.Item(3).Table().Cell(1, 1).Shape().TextFrame().TextRange().Font().Bold(), host::msoTrue);
 
   test::ZipEntries entries = saved(target);
   EXPECT_EQ(test::packageFaults(entries), std::vector<std::string>());

@@ -224,38 +224,5 @@ TEST_F(TextFormatTest, FillsAndLinesComeFromStyleAndAreWritten) {
   EXPECT_EQ(errorOf([&] { shape("A").Fill().ForeColor().SchemeColor(9); }), outOfRange);
 }
 
-TEST_F(TextFormatTest, CellsAreShapesWithText) {
-  deck.slide().table(50, 60, 200, 80, {{"a", "b"}, {"c", "d"}}).named("T");
-  open();
-  const host::Table table = shape("T").Table();
-  EXPECT_EQ(table.Rows().Count(), 2);
-  EXPECT_EQ(table.Columns().Count(), 2);
-  const host::Shape cell = table.Cell(2, 1).Shape();
-  EXPECT_EQ(cell.TextFrame().TextRange().Text(), "c");
-  cell.TextFrame().TextRange().Text("new\rtext");
-  cell.TextFrame().TextRange().Font().Bold(true);
-  cell.TextFrame().MarginLeft(20);
-  cell.TextFrame().VerticalAnchor(host::msoAnchorBottom);
-  EXPECT_EQ(cell.Left(), 50);
-  EXPECT_EQ(cell.Top(), 100);
-  EXPECT_EQ(cell.Width(), 100);
-  reopen();
-  const host::Shape again = shape("T").Table().Cell(2, 1).Shape();
-  EXPECT_EQ(again.TextFrame().TextRange().Text(), "new\rtext");
-  EXPECT_EQ(again.TextFrame().TextRange().Font().Bold(), host::msoTrue);
-  EXPECT_EQ(again.TextFrame().MarginLeft(), 20);
-  EXPECT_EQ(again.TextFrame().VerticalAnchor(), host::msoAnchorBottom);
-  EXPECT_EQ(shape("T").Table().Cell(1, 1).Shape().TextFrame().MarginLeft(), 7.2F);
-
-  EXPECT_FALSE(shape("T").Table().Cell(1, 2).Selected());
-  shape("T").Table().Cell(1, 2).Select();
-  shape("T").Table().Cell(2, 2).Select(false);
-  EXPECT_TRUE(shape("T").Table().Cell(1, 2).Selected());
-  EXPECT_TRUE(shape("T").Table().Cell(2, 2).Selected());
-  EXPECT_FALSE(shape("T").Table().Cell(1, 1).Selected());
-  EXPECT_EQ(selection().Type(), host::ppSelectionShapes);
-  EXPECT_EQ(errorOf([&] { shape("T").Table().Cell(3, 1); }), base::errors::invalidRequest);
-}
-
 }  // namespace
 }  // namespace vellumark::test
