@@ -97,4 +97,15 @@ void inlineObjectPictures(xml_node node, Part& sheet,
   }
 }
 
+std::vector<xml_node> objectPictures(xml_node frame) {
+  const xml_node data = frame.child("a:graphic").child("a:graphicData");
+  if (!std::string_view(data.attribute("uri").value()).ends_with("/ole")) return {};
+  std::vector<xml_node> objects, pictures;
+  collectObjects(data, objects);
+  for (const xml_node object : objects) {
+    if (const xml_node picture = object.child("p:pic")) pictures.push_back(picture);
+  }
+  return pictures;
+}
+
 }  // namespace vellumark::deck

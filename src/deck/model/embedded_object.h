@@ -4,6 +4,7 @@
 #include <functional>
 #include <pugixml.hpp>
 #include <string>
+#include <vector>
 
 #include "deck/package/part.h"
 
@@ -14,5 +15,8 @@ namespace vellumark::deck {
 /// copy refers to a picture.
 void inlineObjectPictures(pugi::xml_node node, Part& sheet,
                           const std::function<std::string(const PartRef& picture)>& relate);
+
+/// The pictures (p:pic) that stand for the object in a graphic frame, one in each branch for other programs.
+std::vector<pugi::xml_node> objectPictures(pugi::xml_node frame);
 
 }  // namespace vellumark::deck

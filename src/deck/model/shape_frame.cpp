@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/error.h"
+#include "deck/model/embedded_object.h"
 #include "deck/model/placeholder.h"
 #include "deck/model/shape_node.h"
 #include "deck/model/xml_order.h"
@@ -112,6 +113,11 @@ void writePoint(xml_node transform, const char* name, std::initializer_list<cons
   setAttribute(node, second, static_cast<long long>(std::llround(secondValue)));
 }
 
+void writePlace(xml_node transform, const ShapeFrame& frame) {
+  writePoint(transform, "a:off", {"a:ext", "a:chOff", "a:chExt"}, "x", frame.x, "y", frame.y);
+  writePoint(transform, "a:ext", {"a:chOff", "a:chExt"}, "cx", frame.width, "cy", frame.height);
+}
+
 void writeTransform(xml_node shape, const ShapeFrame& frame) {
   xml_node transform = requireTransform(shape);
   if (const auto rotation = std::llround(frame.rotation); rotation != 0) {
@@ -121,8 +127,11 @@ void writeTransform(xml_node shape, const ShapeFrame& frame) {
   }
   setFlag(transform, "flipH", frame.flipH);
   setFlag(transform, "flipV", frame.flipV);
-  writePoint(transform, "a:off", {"a:ext", "a:chOff", "a:chExt"}, "x", frame.x, "y", frame.y);
-  writePoint(transform, "a:ext", {"a:chOff", "a:chExt"}, "cx", frame.width, "cy", frame.height);
+  writePlace(transform, frame);
+  if (shapeElement(shape) != ShapeElement::graphicFrame) return;
+  for (const xml_node picture : objectPictures(shape)) {
+    if (xml_node own = picture.child("p:spPr").child("a:xfrm")) writePlace(own, frame);
+  }
 }
 
 /// The frame in the coordinates that the shape's own xfrm counts in.

@@ -46,6 +46,29 @@ TEST_F(ShapeTest, FramesSurviveTheFileAndWritingWhatWasReadChangesNothing) {
   EXPECT_NE(slideXml().find(R"(x="33333333" y="-777")"), std::string::npos);
 }
 
+/// Some programs draw an embedded object where its picture is, not where its frame is.
+TEST_F(ShapeTest, ThePictureOfAnObjectStaysInItsFrame) {
+  const std::string place = R"(<a:xfrm><a:off x="127000" y="0"/><a:ext cx="127000" cy="127000"/></a:xfrm>)";
+  deck.slide().xml(
+      R"(<p:graphicFrame><p:nvGraphicFramePr><p:cNvPr id="9" name="O"/><p:cNvGraphicFramePr/><p:nvPr/>)"
+      R"(</p:nvGraphicFramePr><p:xfrm><a:off x="127000" y="0"/><a:ext cx="127000" cy="127000"/></p:xfrm>)"
+      R"(<a:graphic><a:graphicData uri="http://schemas.openxmlformats.org/presentationml/2006/ole">)"
+      R"(<mc:AlternateContent xmlns:mc="http://schemas.openxmlformats.org/markup-compatibility/2006">)"
+      R"(<mc:Choice Requires="v" xmlns:v="urn:schemas-microsoft-com:vml"><p:oleObj><p:embed/></p:oleObj>)"
+      R"(</mc:Choice><mc:Fallback><p:oleObj><p:embed/><p:pic><p:nvPicPr><p:cNvPr id="0" name=""/>)"
+      R"(<p:cNvPicPr/><p:nvPr/></p:nvPicPr><p:blipFill/><p:spPr>)" +
+      place +
+      R"(<a:prstGeom prst="rect"/></p:spPr></p:pic></p:oleObj></mc:Fallback></mc:AlternateContent>)"
+      R"(</a:graphicData></a:graphic></p:graphicFrame>)");
+  open();
+  shape("O").Left(30);
+  shape("O").Width(40);
+  const std::string xml = slideXml(), now = R"(<a:off x="381000" y="0"/><a:ext cx="508000" cy="127000"/>)";
+  const std::size_t first = xml.find(now);
+  ASSERT_NE(first, std::string::npos) << xml;
+  EXPECT_NE(xml.find(now, first + 1), std::string::npos) << xml;
+}
+
 TEST_F(ShapeTest, RefusesFramesThatTheFileCannotHold) {
   deck.slide().shape("rect", 10, 20, 100, 50).named("A");
   open();
