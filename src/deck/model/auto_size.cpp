@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "deck/model/connections.h"
 #include "deck/model/shape_frame.h"
 #include "deck/model/shape_node.h"
 #include "deck/model/table_cell.h"
@@ -67,7 +68,7 @@ bool fitOnce(const ShapeKey& shape) {
   double shareY = anchorShare(shape);
   if (upright) std::swap(shareX, shareY);
   resize(frame, width, height, shareX, shareY);
-  setSlideFrame(shape, frame);
+  moveShape(shape, frame);
   return true;
 }
 

@@ -5,6 +5,7 @@
 
 #include "deck/model/adjustments.h"
 #include "deck/model/black_white_mode.h"
+#include "deck/model/connections.h"
 #include "deck/model/fill_and_line.h"
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
@@ -152,7 +153,7 @@ class ShapeObject : public ModelObject<ShapeObject> {
     const ShapeFrame old = slideFrame(shape_);
     ShapeFrame frame = old;
     assign(frame, emu(value));
-    setSlideFrame(shape_, frame);
+    moveShape(shape_, frame);
     if (deck::hasTable(shape_)) stretchTable(shape_, old);
   }
 
@@ -253,7 +254,7 @@ void ShapeObject::setRotation(float degrees) {
   ShapeFrame frame = slideFrame(shape_);
   frame.rotation = std::fmod(std::round(static_cast<double>(degrees) * 60000), fullTurn);
   if (frame.rotation < 0) frame.rotation += fullTurn;
-  setSlideFrame(shape_, frame);
+  moveShape(shape_, frame);
 }
 
 /// Mirrors what is seen: a shape that is turned is then turned by as much the other way.
@@ -267,7 +268,7 @@ void ShapeObject::flip(Arguments arguments) {
   flag = !flag;
   const double turn = std::fmod(frame.rotation, fullTurn);
   if (turn != 0) frame.rotation = turn > 0 ? fullTurn - turn : -turn;
-  setSlideFrame(shape_, frame);
+  moveShape(shape_, frame);
 }
 
 void ShapeObject::setVisible(std::int32_t visible) {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "deck/model/connections.h"
 #include "deck/model/member_table.h"
 #include "deck/model/shape_frame.h"
 #include "deck/model/shape_geometry.h"
@@ -203,7 +204,7 @@ class NodesObject : public ModelObject<NodesObject> {
     frame.y = centre.y + shift.y - size.y / 2;
     frame.width = size.x;
     frame.height = size.y;
-    setSlideFrame(shape_, frame);
+    moveShape(shape_, frame);
     shape_.sheet.touch();
   }
 

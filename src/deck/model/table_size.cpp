@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "deck/model/connections.h"
 #include "deck/model/shape_node.h"
 #include "deck/model/table_cell.h"
 #include "deck/model/text_box.h"
@@ -62,7 +63,7 @@ void growFrame(const ShapeKey& table, double growth) {
   if (growth <= 0) return;
   ShapeFrame frame = slideFrame(table);
   frame.height += growth;
-  setSlideFrame(table, frame);
+  moveShape(table, frame);
 }
 
 }  // namespace

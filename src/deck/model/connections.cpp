@@ -1,0 +1,182 @@
+#include "deck/model/connections.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <memory>
+#include <numbers>
+#include <set>
+#include <vector>
+
+#include "deck/model/shape_node.h"
+
+namespace vellumark::deck {
+namespace {
+
+using pugi::xml_node;
+
+/// EMU; less comes from turning forth and back.
+constexpr double unseen = 0.5;
+
+struct Point {
+  double x = 0;
+  double y = 0;
+};
+
+Point turned(Point point, double rotation) {
+  if (rotation == 0) return point;
+  const double angle = rotation / fullTurn * 2 * std::numbers::pi;
+  return {point.x * std::cos(angle) - point.y * std::sin(angle),
+          point.x * std::sin(angle) + point.y * std::cos(angle)};
+}
+Point centre(const ShapeFrame& frame) { return {frame.x + frame.width / 2, frame.y + frame.height / 2}; }
+
+/// Where a place on the slide lies in a shape: as a share of its sides from the middle, EMU along a side
+/// without length.
+Point placeIn(const ShapeFrame& frame, Point place) {
+  const Point middle = centre(frame);
+  const Point local = turned({place.x - middle.x, place.y - middle.y}, -frame.rotation);
+  return {local.x * (frame.flipH ? -1 : 1) / (frame.width > 0 ? frame.width : 1),
+          local.y * (frame.flipV ? -1 : 1) / (frame.height > 0 ? frame.height : 1)};
+}
+Point placeOn(const ShapeFrame& frame, Point share) {
+  const Point local{share.x * (frame.width > 0 ? frame.width : 1) * (frame.flipH ? -1 : 1),
+                    share.y * (frame.height > 0 ? frame.height : 1) * (frame.flipV ? -1 : 1)};
+  const Point middle = centre(frame), offset = turned(local, frame.rotation);
+  return {middle.x + offset.x, middle.y + offset.y};
+}
+
+/// All connectors run from the left upper corner of their frame to the right lower one, before the frame is
+/// mirrored and turned.
+using Ends = std::array<Point, 2>;
+constexpr const char* endNames[] = {"a:stCxn", "a:endCxn"};
+
+Ends endsOf(const ShapeFrame& frame) {
+  Ends ends;
+  for (const int end : {0, 1}) {
+    const double share = end - 0.5;
+    const Point local{frame.width * (frame.flipH ? -share : share),
+                      frame.height * (frame.flipV ? -share : share)};
+    const Point middle = centre(frame), offset = turned(local, frame.rotation);
+    ends[static_cast<std::size_t>(end)] = {middle.x + offset.x, middle.y + offset.y};
+  }
+  return ends;
+}
+
+/// The frame of a connector between two places, turned as before.
+ShapeFrame between(const Ends& ends, ShapeFrame frame) {
+  const Point way = turned({ends[1].x - ends[0].x, ends[1].y - ends[0].y}, -frame.rotation);
+  if (std::abs(way.x) > unseen) frame.flipH = way.x < 0;
+  if (std::abs(way.y) > unseen) frame.flipV = way.y < 0;
+  frame.width = std::round(std::abs(way.x));
+  frame.height = std::round(std::abs(way.y));
+  frame.x = std::round((ends[0].x + ends[1].x) / 2 - frame.width / 2);
+  frame.y = std::round((ends[0].y + ends[1].y) / 2 - frame.height / 2);
+  return frame;
+}
+
+std::int32_t gluedTo(xml_node connector, const char* end) {
+  return kindProperties(connector).child(end).attribute("id").as_int();
+}
+
+void appendConnectors(xml_node parent, std::vector<xml_node>& connectors) {
+  for (const xml_node node : shapeNodes(parent)) {
+    if (shapeElement(node) == ShapeElement::group) appendConnectors(node, connectors);
+    if (shapeElement(node) == ShapeElement::connector) connectors.push_back(node);
+  }
+}
+
+/// The shapes of the last sheet that connectors are glued to. Frames say nothing of that, so that a row of
+/// moves needs one look at the sheet.
+class GluedShapes {
+ public:
+  const std::set<std::int32_t>& of(const Sheet& sheet) {
+    if (part_.lock() != sheet.part || revision_ != sheet.part->revision()) read(sheet);
+    return ids_;
+  }
+  /// Only frames were written since of() was asked.
+  void still(const Sheet& sheet) { revision_ = sheet.part->revision(); }
+
+ private:
+  void read(const Sheet& sheet) {
+    ids_.clear();
+    std::vector<xml_node> connectors;
+    appendConnectors(sheet.shapeTree(), connectors);
+    for (const xml_node connector : connectors) {
+      for (const char* end : endNames) ids_.insert(gluedTo(connector, end));
+    }
+    ids_.erase(0);
+    part_ = sheet.part;
+    revision_ = sheet.part->revision();
+  }
+
+  std::weak_ptr<Part> part_;
+  std::uint64_t revision_ = 0;
+  std::set<std::int32_t> ids_;
+};
+
+/// What moves with a shape, by id: itself, and what stands in a group.
+void appendMoved(xml_node shape, std::map<std::int32_t, xml_node>& moved) {
+  moved.emplace(shapeId(shape), shape);
+  if (shapeElement(shape) != ShapeElement::group) return;
+  for (const xml_node child : shapeNodes(shape)) appendMoved(child, moved);
+}
+
+struct GluedConnector {
+  ShapeKey key;
+  std::array<xml_node, 2> shapes;  ///< that the ends are glued to, of those that move
+  Ends places;                     ///< in these shapes
+};
+
+std::vector<GluedConnector> gluedConnectors(const Sheet& sheet,
+                                            const std::map<std::int32_t, xml_node>& moved) {
+  std::vector<GluedConnector> glued;
+  std::vector<xml_node> connectors;
+  appendConnectors(sheet.shapeTree(), connectors);
+  for (const xml_node node : connectors) {
+    if (const auto own = moved.find(shapeId(node)); own != moved.end() && own->second == node) continue;
+    GluedConnector connector{{sheet, node}, {}, {}};
+    const Ends ends = endsOf(slideFrame(connector.key));
+    for (const std::size_t end : {0U, 1U}) {
+      const auto shape = moved.find(gluedTo(node, endNames[end]));
+      if (shape == moved.end() || shape->first == 0) continue;
+      connector.shapes[end] = shape->second;
+      connector.places[end] = placeIn(slideFrame({sheet, shape->second}), ends[end]);
+    }
+    if (connector.shapes[0] || connector.shapes[1]) glued.push_back(connector);
+  }
+  return glued;
+}
+
+void follow(const GluedConnector& connector) {
+  const ShapeFrame frame = slideFrame(connector.key);
+  const Ends before = endsOf(frame);
+  Ends ends = before;
+  for (const std::size_t end : {0U, 1U}) {
+    if (!connector.shapes[end]) continue;
+    ends[end] = placeOn(slideFrame({connector.key.sheet, connector.shapes[end]}), connector.places[end]);
+  }
+  const auto stays = [](const Point& a, const Point& b) {
+    return std::abs(a.x - b.x) < unseen && std::abs(a.y - b.y) < unseen;
+  };
+  if (!std::ranges::equal(ends, before, stays)) setSlideFrame(connector.key, between(ends, frame));
+}
+
+}  // namespace
+
+void moveShape(const ShapeKey& shape, const ShapeFrame& frame) {
+  static GluedShapes known;
+  std::vector<GluedConnector> connectors;
+  if (const std::set<std::int32_t>& glued = known.of(shape.sheet); !glued.empty()) {
+    std::map<std::int32_t, xml_node> moved;
+    appendMoved(shape.node, moved);
+    const auto isGlued = [&](const auto& entry) { return glued.contains(entry.first); };
+    if (std::ranges::any_of(moved, isGlued)) connectors = gluedConnectors(shape.sheet, moved);
+  }
+  setSlideFrame(shape, frame);
+  for (const GluedConnector& connector : connectors) follow(connector);
+  known.still(shape.sheet);
+}
+
+}  // namespace vellumark::deck
