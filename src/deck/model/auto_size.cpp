@@ -1,7 +1,6 @@
 #include "deck/model/auto_size.h"
 
 #include <cmath>
-#include <numbers>
 #include <string_view>
 #include <utility>
 
@@ -34,15 +33,13 @@ double alignmentShare(const ShapeKey& shape) {
 
 /// Gives a frame another size; the anchor stays where it is seen, also on a turned shape.
 void resize(ShapeFrame& frame, double width, double height, double shareX, double shareY) {
-  const double angle = frame.rotation / 60'000 * std::numbers::pi / 180;
-  const double alongX = (width - frame.width) * (0.5 - shareX);
-  const double alongY = (height - frame.height) * (0.5 - shareY);
-  const double centerX = frame.x + frame.width / 2 + alongX * std::cos(angle) - alongY * std::sin(angle);
-  const double centerY = frame.y + frame.height / 2 + alongX * std::sin(angle) + alongY * std::cos(angle);
+  const Point middle = centre(frame);
+  const Point way = turned({(width - frame.width) * (0.5 - shareX), (height - frame.height) * (0.5 - shareY)},
+                           frame.rotation);
   frame.width = width;
   frame.height = height;
-  frame.x = std::round(centerX - width / 2);
-  frame.y = std::round(centerY - height / 2);
+  frame.x = std::round(middle.x + way.x - width / 2);
+  frame.y = std::round(middle.y + way.y - height / 2);
 }
 
 /// One step towards the size that the text needs; whether anything changed.

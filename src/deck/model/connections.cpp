@@ -5,11 +5,17 @@
 #include <cmath>
 #include <map>
 #include <memory>
-#include <numbers>
+#include <optional>
 #include <set>
+#include <string>
+#include <string_view>
 #include <vector>
 
+#include "deck/model/elbow_route.h"
+#include "deck/model/preset_adjustments.h"
+#include "deck/model/shape_geometry.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/xml_order.h"
 
 namespace vellumark::deck {
 namespace {
@@ -18,19 +24,6 @@ using pugi::xml_node;
 
 /// EMU; less comes from turning forth and back.
 constexpr double unseen = 0.5;
-
-struct Point {
-  double x = 0;
-  double y = 0;
-};
-
-Point turned(Point point, double rotation) {
-  if (rotation == 0) return point;
-  const double angle = rotation / fullTurn * 2 * std::numbers::pi;
-  return {point.x * std::cos(angle) - point.y * std::sin(angle),
-          point.x * std::sin(angle) + point.y * std::cos(angle)};
-}
-Point centre(const ShapeFrame& frame) { return {frame.x + frame.width / 2, frame.y + frame.height / 2}; }
 
 /// Where a place on the slide lies in a shape: as a share of its sides from the middle, EMU along a side
 /// without length.
@@ -87,6 +80,16 @@ void appendConnectors(xml_node parent, std::vector<xml_node>& connectors) {
   }
 }
 
+xml_node shapeWithId(xml_node parent, std::int32_t id) {
+  if (id == 0) return {};
+  for (const xml_node node : shapeNodes(parent)) {
+    if (shapeId(node) == id) return node;
+    if (shapeElement(node) != ShapeElement::group) continue;
+    if (const xml_node found = shapeWithId(node, id)) return found;
+  }
+  return {};
+}
+
 /// The shapes of the last sheet that connectors are glued to. Frames say nothing of that, so that a row of
 /// moves needs one look at the sheet.
 class GluedShapes {
@@ -123,6 +126,38 @@ void appendMoved(xml_node shape, std::map<std::int32_t, xml_node>& moved) {
   for (const xml_node child : shapeNodes(shape)) appendMoved(child, moved);
 }
 
+/// The kind of a connector that runs in several segments, "bentConnector" or "curvedConnector"; empty for a
+/// straight one.
+std::string_view kindOf(std::string_view preset) {
+  for (const std::string_view kind : {"bentConnector", "curvedConnector"}) {
+    if (preset.starts_with(kind) && preset.size() == kind.size() + 1) return kind;
+  }
+  return {};
+}
+
+std::vector<std::int32_t> adjustmentsOf(const ShapeGeometry& geometry) {
+  std::vector<std::int32_t> adjustments;
+  for (const PresetGuide& guide : presetGuides(geometry.preset)) {
+    adjustments.push_back(guideValue(geometry, guide));
+  }
+  return adjustments;
+}
+
+/// The frame between the ends of a connector, which may be narrower than the one that it needs for its turns.
+ShapeFrame frameOf(const ShapeKey& connector) {
+  ShapeFrame frame = slideFrame(connector);
+  const ShapeGeometry geometry = shapeGeometry(connector);
+  if (kindOf(geometry.preset).empty() || isDirect(adjustmentsOf(geometry))) return frame;
+  const auto collapse = [](double& start, double& length) {
+    if (length != narrowestDetour) return;
+    start += length / 2;
+    length = 0;
+  };
+  collapse(frame.x, frame.width);
+  collapse(frame.y, frame.height);
+  return frame;
+}
+
 struct GluedConnector {
   ShapeKey key;
   std::array<xml_node, 2> shapes;  ///< that the ends are glued to, of those that move
@@ -137,7 +172,7 @@ std::vector<GluedConnector> gluedConnectors(const Sheet& sheet,
   for (const xml_node node : connectors) {
     if (const auto own = moved.find(shapeId(node)); own != moved.end() && own->second == node) continue;
     GluedConnector connector{{sheet, node}, {}, {}};
-    const Ends ends = endsOf(slideFrame(connector.key));
+    const Ends ends = endsOf(frameOf(connector.key));
     for (const std::size_t end : {0U, 1U}) {
       const auto shape = moved.find(gluedTo(node, endNames[end]));
       if (shape == moved.end() || shape->first == 0) continue;
@@ -149,8 +184,60 @@ std::vector<GluedConnector> gluedConnectors(const Sheet& sheet,
   return glued;
 }
 
+/// The side of a shape that is nearest to a place; nothing for a place in its midst.
+std::optional<Side> sideAt(const ShapeFrame& frame, Point place) {
+  Point share = placeIn(frame, place);
+  constexpr double midst = 0.25;
+  if (std::max(std::abs(share.x), std::abs(share.y)) < midst) return std::nullopt;
+  if (frame.flipH) share.x = -share.x;
+  if (frame.flipV) share.y = -share.y;
+  const Side side = std::abs(share.x) >= std::abs(share.y) ? (share.x > 0 ? Side::right : Side::left)
+                                                           : (share.y > 0 ? Side::down : Side::up);
+  return turned(side, frame.rotation);
+}
+
+void writeRoute(const ShapeKey& connector, std::string_view kind, const ElbowRoute& route) {
+  for (const xml_node node : withCounterparts(connector.node)) {
+    xml_node geometry =
+        requirePreset({connector.sheet, node}, std::string(kind) + std::to_string(route.segments));
+    xml_node list = childInOrder(geometry, "a:avLst", {});
+    list.remove_children();
+    for (std::size_t i = 0; i < route.adjustments.size(); ++i) {
+      xml_node guide = list.append_child("a:gd");
+      setAttribute(guide, "name", ("adj" + std::to_string(i + 1)).c_str());
+      setAttribute(guide, "fmla", ("val " + std::to_string(route.adjustments[i])).c_str());
+    }
+  }
+  setSlideFrame(connector, route.frame);
+}
+
+/// Finds another way where a connector would begin or end in the direction of its shape now; false where it
+/// can keep its own.
+bool findWay(const ShapeKey& connector, const Ends& ends, const ShapeFrame& before, const ShapeFrame& after) {
+  const ShapeGeometry geometry = shapeGeometry(connector);
+  const std::string_view kind = kindOf(geometry.preset);
+  if (kind.empty()) return false;
+  const std::vector<std::int32_t> adjustments = adjustmentsOf(geometry);
+  const bool direct = isDirect(adjustments);
+  if (direct && after.flipH == before.flipH && after.flipV == before.flipV) return false;
+
+  std::array<std::optional<Side>, 2> sides;
+  for (const std::size_t end : {0U, 1U}) {
+    const xml_node shape = shapeWithId(connector.sheet.shapeTree(), gluedTo(connector.node, endNames[end]));
+    if (shape) sides[end] = sideAt(slideFrame({connector.sheet, shape}), ends[end]);
+    if (!sides[end]) return false;
+  }
+  ElbowRoute route = elbowRoute(ends[0], *sides[0], ends[1], *sides[1]);
+  // What the user adjusted stays where the way is of the same kind.
+  if (direct && isDirect(route.adjustments) && route.adjustments.size() == adjustments.size()) {
+    route.adjustments = adjustments;
+  }
+  writeRoute(connector, kind, route);
+  return true;
+}
+
 void follow(const GluedConnector& connector) {
-  const ShapeFrame frame = slideFrame(connector.key);
+  const ShapeFrame frame = frameOf(connector.key);
   const Ends before = endsOf(frame);
   Ends ends = before;
   for (const std::size_t end : {0U, 1U}) {
@@ -160,7 +247,9 @@ void follow(const GluedConnector& connector) {
   const auto stays = [](const Point& a, const Point& b) {
     return std::abs(a.x - b.x) < unseen && std::abs(a.y - b.y) < unseen;
   };
-  if (!std::ranges::equal(ends, before, stays)) setSlideFrame(connector.key, between(ends, frame));
+  if (std::ranges::equal(ends, before, stays)) return;
+  const ShapeFrame moved = between(ends, frame);
+  if (!findWay(connector.key, ends, frame, moved)) setSlideFrame(connector.key, moved);
 }
 
 }  // namespace

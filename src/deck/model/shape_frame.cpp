@@ -24,13 +24,6 @@ using pugi::xml_node;
 constexpr std::int64_t coordinateLimit = 27'273'042'316'900;
 constexpr std::int64_t angleLimit = 2'147'483'647;
 
-struct Point {
-  double x = 0;
-  double y = 0;
-};
-
-Point centre(const ShapeFrame& frame) { return {frame.x + frame.width / 2, frame.y + frame.height / 2}; }
-
 /// A coordinate in EMU: a whole number, or a number with a unit ("1.5in").
 double coordinate(pugi::xml_attribute attribute) {
   static constexpr std::pair<std::string_view, double> units[] = {
@@ -348,6 +341,15 @@ void unscale(const Sheet& sheet, xml_node group) {
 }
 
 }  // namespace
+
+Point centre(const ShapeFrame& frame) { return {frame.x + frame.width / 2, frame.y + frame.height / 2}; }
+
+Point turned(Point way, double rotation) {
+  if (rotation == 0) return way;
+  const double angle = rotation / fullTurn * 2 * std::numbers::pi;
+  return {way.x * std::cos(angle) - way.y * std::sin(angle),
+          way.x * std::sin(angle) + way.y * std::cos(angle)};
+}
 
 double slideFramePart(const ShapeKey& shape, FramePart part) {
   // Most shapes stand right on the sheet and have a frame of their own: no more than the part is read.

@@ -22,6 +22,15 @@ struct ShapeFrame {
 
 inline constexpr double fullTurn = 360.0 * 60000.0;
 
+/// A place, or a way, in EMU.
+struct Point {
+  double x = 0;
+  double y = 0;
+};
+Point centre(const ShapeFrame& frame);
+/// A way turned clockwise, by 60000ths of a degree.
+Point turned(Point way, double rotation);
+
 /// The frame on the slide. A placeholder without one of its own has that of the layout or master. A shape in
 /// a group has the frame that it would keep if all groups around it were dissolved: turned and mirrored
 /// groups turn and mirror it, and a scaled group stretches a shape that lies across (turned by more than 45

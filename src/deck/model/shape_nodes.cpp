@@ -21,11 +21,6 @@ namespace {
 
 using pugi::xml_node;
 
-struct Point {
-  double x = 0;
-  double y = 0;
-};
-
 /// A coordinate of a path. Those that a formula gives can't be moved.
 double coordinate(xml_node node, const char* name) {
   const std::string_view text = node.attribute(name).value();

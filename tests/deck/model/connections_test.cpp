@@ -1,5 +1,7 @@
 // Connectors follow the shapes that they are glued to.
 
+#include <cctype>
+
 #include "deck/model/shape_fixture.h"
 #include "host/constants.h"
 
@@ -71,6 +73,52 @@ TEST_F(ConnectionsTest, ElbowsKeepTheirDirection) {
   shape("A").Left(330);
   EXPECT_NEAR(shape("C").Height(), 0, 0.001);
   EXPECT_NEAR(shape("C").Left(), 380 - 75, 0.001);
+}
+
+TEST_F(ConnectionsTest, ElbowsThatWouldRunThroughTheirShapesFindAnotherWay) {
+  // From the right of A to the left of B; the bend is nearer to A.
+  std::string elbow =
+      connector("bentConnector3",
+                R"(<a:xfrm><a:off x="1270000" y="317500"/><a:ext cx="2540000" cy="2540000"/></a:xfrm>)");
+  elbow.replace(elbow.find("<a:avLst/>"), 10, R"(<a:avLst><a:gd name="adj1" fmla="val 20000"/></a:avLst>)");
+  slide.xml(elbow);
+  open();
+  const auto geometry = [&] {
+    const std::string xml = slideXml();
+    const std::size_t begin = xml.find("prst=\"bent"), end = xml.find("</a:prstGeom>", begin);
+    std::string text;
+    for (const char character : xml.substr(begin + 6, end - begin - 6)) {
+      if (std::isalnum(static_cast<unsigned char>(character)) || character == '-' || character == ' ') {
+        text += character;
+      }
+    }
+    return text;
+  };
+  shape("B").Top(300);
+  shape("B").Top(-300);
+  EXPECT_EQ(geometry(), "bentConnector3aavLstagd nameadj1 fmlaval 20000aavLst") << "mirrored, but no other";
+  EXPECT_EQ(shape("C").VerticalFlip(), host::msoTrue);
+
+  shape("B").Left(-50);
+  EXPECT_EQ(geometry(),
+            "bentConnector5aavLstagd nameadj1 fmlaval -12000agd nameadj2 fmlaval 50000"
+            "agd nameadj3 fmlaval 112000aavLst");
+  expectFrame(-50, -275, 150, 300);
+  EXPECT_EQ(shape("C").HorizontalFlip(), host::msoTrue);
+  shape("B").Left(100);  // one end above the other
+  EXPECT_NE(geometry().find("adj1 fmlaval 1800000agd"), std::string::npos) << geometry();
+  EXPECT_NEAR(shape("C").Left(), 99.5, 0.001);
+
+  shape("B").Left(300);
+  EXPECT_EQ(geometry(), "bentConnector3aavLstagd nameadj1 fmlaval 50000aavLst");
+  expectFrame(100, -275, 200, 300);
+  shape("B").Rotation(90);  // its left side looks upwards, at 350, -325
+  expectFrame(100, -325, 250, 350);
+  shape("A").Left(400);
+  EXPECT_EQ(geometry().substr(0, 14), "bentConnector4");
+  shape("A").Top(-400);
+  shape("A").Left(100);
+  EXPECT_EQ(geometry().substr(0, 14), "bentConnector2");
 }
 
 TEST_F(ConnectionsTest, ShapesInGroupsCarryEndsToo) {
