@@ -12,12 +12,9 @@
 #include "deck/model/preset_adjustments.h"
 #include "deck/model/shape_frame.h"
 #include "deck/model/shape_geometry.h"
-#include "deck/model/xml_order.h"
 
 namespace vellumark::deck {
 namespace {
-
-using pugi::xml_node;
 
 constexpr double ratioUnits = 100'000;
 constexpr double angleUnits = 60'000;
@@ -80,13 +77,7 @@ class AdjustmentsObject : public ModelObject<AdjustmentsObject> {
     for (const PresetGuide& guide : guides) values.push_back(guideValue(geometry, guide));
     values[place] = toFile(geometry, item, guides[place], value);
 
-    xml_node list = childInOrder(requirePreset(shape_, std::string(geometry.preset)), "a:avLst", {});
-    list.remove_children();
-    for (std::size_t i = 0; i < guides.size(); ++i) {
-      xml_node guide = list.append_child("a:gd");
-      setAttribute(guide, "name", guides[i].name);
-      setAttribute(guide, "fmla", ("val " + std::to_string(values[i])).c_str());
-    }
+    writePreset(shape_, std::string(geometry.preset), values);
     shape_.sheet.touch();
   }
 

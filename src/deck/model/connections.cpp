@@ -15,7 +15,6 @@
 #include "deck/model/preset_adjustments.h"
 #include "deck/model/shape_geometry.h"
 #include "deck/model/shape_node.h"
-#include "deck/model/xml_order.h"
 
 namespace vellumark::deck {
 namespace {
@@ -198,15 +197,8 @@ std::optional<Side> sideAt(const ShapeFrame& frame, Point place) {
 
 void writeRoute(const ShapeKey& connector, std::string_view kind, const ElbowRoute& route) {
   for (const xml_node node : withCounterparts(connector.node)) {
-    xml_node geometry =
-        requirePreset({connector.sheet, node}, std::string(kind) + std::to_string(route.segments));
-    xml_node list = childInOrder(geometry, "a:avLst", {});
-    list.remove_children();
-    for (std::size_t i = 0; i < route.adjustments.size(); ++i) {
-      xml_node guide = list.append_child("a:gd");
-      setAttribute(guide, "name", ("adj" + std::to_string(i + 1)).c_str());
-      setAttribute(guide, "fmla", ("val " + std::to_string(route.adjustments[i])).c_str());
-    }
+    const std::string preset = std::string(kind) + std::to_string(route.segments);
+    writePreset({connector.sheet, node}, preset, route.adjustments);
   }
   setSlideFrame(connector, route.frame);
 }

@@ -81,4 +81,15 @@ xml_node requirePreset(const ShapeKey& shape, std::string_view preset) {
   return geometry;
 }
 
+void writePreset(const ShapeKey& shape, std::string_view preset, const std::vector<std::int32_t>& values) {
+  const std::span<const PresetGuide> guides = presetGuides(preset);
+  xml_node list = childInOrder(requirePreset(shape, preset), "a:avLst", {});
+  list.remove_children();
+  for (std::size_t i = 0; i < guides.size(); ++i) {
+    xml_node guide = list.append_child("a:gd");
+    setAttribute(guide, "name", guides[i].name);
+    setAttribute(guide, "fmla", ("val " + std::to_string(values[i])).c_str());
+  }
+}
+
 }  // namespace vellumark::deck

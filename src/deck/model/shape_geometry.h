@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <pugixml.hpp>
 #include <string_view>
+#include <vector>
 
 #include "deck/model/document.h"
 #include "deck/model/preset_adjustments.h"
@@ -31,5 +32,7 @@ void setAutoShapeType(const ShapeKey& shape, std::int32_t type);
 
 /// The a:prstGeom of the shape itself, with that preset; made where it is missing, over a path of its own.
 pugi::xml_node requirePreset(const ShapeKey& shape, std::string_view preset);
+/// The same with these values for the preset's guides, in the file's units, as many as it has.
+void writePreset(const ShapeKey& shape, std::string_view preset, const std::vector<std::int32_t>& values);
 
 }  // namespace vellumark::deck
