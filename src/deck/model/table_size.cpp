@@ -78,6 +78,9 @@ void stretchTable(const ShapeKey& table, const ShapeFrame& before) {
   if (before.height > 0 && frame.height != before.height) {
     stretch(lines, "a:tr", "h", frame.height / before.height);
   }
+  // A table that got neither narrower nor lower has room for its text.
+  if (frame.width >= before.width && frame.height >= before.height) return;
+
   // Cells that reach over several rows come last: they only want what their rows don't have by then.
   std::vector<xml_node> cells;
   for (const xml_node row : lines.children("a:tr")) {
