@@ -30,9 +30,11 @@ host::ObjectRef makeSelection(const HostRef& host, const WindowRef& window);
 host::ObjectRef makeCommandBars(const HostRef& host);
 host::ObjectRef makeComAddIns(const HostRef& host);
 
-/// The tags whose list `owner` names by p:custDataLst: p:presentation, p:cSld or the p:nvPr of a shape.
+/// The tags whose list `owner` names by p:custDataLst: p:presentation or the p:nvPr of a shape.
 host::ObjectRef makeTags(const HostRef& host, const DocumentRef& document, const PartRef& part,
                          pugi::xml_node owner);
+/// Those of a sheet, which its p:cSld names.
+host::ObjectRef makeTags(const HostRef& host, const Sheet& sheet);
 
 /// Several objects as one: a member reads the common value, -2 (mixed) where they differ, objects again as
 /// one; writes and calls go to all. `count` and `item` are the members Count and Item of the range itself.

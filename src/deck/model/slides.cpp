@@ -76,9 +76,7 @@ class SlideObject : public ModelObject<SlideObject> {
     const Sheet layout = sheet_.parent();
     return layoutNumber(layout ? layout.part->root().attribute("type").as_string("cust") : "cust");
   }
-  host::ObjectRef tags() {
-    return makeTags(host(), sheet_.document, sheet_.part, sheet_.part->root().child("p:cSld"));
-  }
+  host::ObjectRef tags() { return makeTags(host(), sheet_); }
   host::ObjectRef notesPage() {
     ownId();
     return makeNotesPage(host(), deck::notesPage(sheet_));

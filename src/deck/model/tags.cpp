@@ -35,7 +35,8 @@ class TagsObject : public ModelObject<TagsObject> {
       : ModelObject(std::move(host)), document_(std::move(document)), part_(std::move(part)), owner_(owner) {}
 
   void requireAlive() const {
-    if (document_->closed() || part_->isBuried(owner_)) base::raise(base::errors::invalidRequest);
+    const bool gone = owner_ ? part_->isBuried(owner_) : part_->removed();
+    if (document_->closed() || gone) base::raise(base::errors::invalidRequest);
   }
 
   std::int32_t count() {
@@ -75,8 +76,15 @@ class TagsObject : public ModelObject<TagsObject> {
   }
 
  private:
+  pugi::xml_node owner() {
+    if (!owner_) owner_ = part_->root().child("p:cSld");
+    return owner_;
+  }
+
+  /// A part without any such relationship has no tags, and needs not be parsed to say so.
   PartRef tagPart() {
-    const pugi::xml_node reference = owner_.child("p:custDataLst").child("p:tags");
+    if (!part_->firstRelationship("tags")) return nullptr;
+    const pugi::xml_node reference = owner().child("p:custDataLst").child("p:tags");
     const Relationship* relationship =
         reference ? part_->relationship(reference.attribute("r:id").value()) : nullptr;
     return relationship ? part_->target(*relationship) : nullptr;
@@ -105,7 +113,7 @@ class TagsObject : public ModelObject<TagsObject> {
         package.addXml(package.freeName("ppt/tags/tag%d.xml"), tagsContentType, emptyTagList);
     // The one list serves p:presentation, p:cSld and p:nvPr: what follows p:custDataLst in each of them.
     pugi::xml_node data =
-        childInOrder(owner_, "p:custDataLst",
+        childInOrder(owner(), "p:custDataLst",
                      {"p:kinsoku", "p:defaultTextStyle", "p:modifyVerifier", "p:controls", "p:extLst"});
     pugi::xml_node reference = data.child("p:tags");
     if (!reference) reference = data.append_child("p:tags");
@@ -115,7 +123,7 @@ class TagsObject : public ModelObject<TagsObject> {
   }
 
   void dropTagPart(const PartRef& list) {
-    pugi::xml_node data = owner_.child("p:custDataLst");
+    pugi::xml_node data = owner().child("p:custDataLst");
     pugi::xml_node reference = data.child("p:tags");
     part_->unrelate(reference.attribute("r:id").value());
     part_->bury(reference);
@@ -126,7 +134,7 @@ class TagsObject : public ModelObject<TagsObject> {
 
   DocumentRef document_;
   PartRef part_;
-  pugi::xml_node owner_;
+  pugi::xml_node owner_;  ///< nothing for the p:cSld of a sheet until it is asked for
 };
 
 }  // namespace
@@ -134,6 +142,10 @@ class TagsObject : public ModelObject<TagsObject> {
 host::ObjectRef makeTags(const HostRef& host, const DocumentRef& document, const PartRef& part,
                          pugi::xml_node owner) {
   return std::make_shared<TagsObject>(host, document, part, owner);
+}
+
+host::ObjectRef makeTags(const HostRef& host, const Sheet& sheet) {
+  return std::make_shared<TagsObject>(host, sheet.document, sheet.part, pugi::xml_node());
 }
 
 }  // namespace vellumark::deck
