@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include "base/text.h"
-#include "core/globals.h"
-#include "core/template_paths.h"
+#include "arguments.h"
 #include "core/xml.h"
 #include "failure.h"
 
@@ -31,37 +29,6 @@ std::vector<AgendaItem> itemsOf(const agenda::AgendaDocument& document) {
   std::vector<AgendaItem> items;
   for (const pugi::xml_node& item : document.items()) items.push_back(readItem(item));
   return items;
-}
-
-bool staysOnSlides(const agenda::AgendaDocument& document, double width, double height) {
-  const pugi::xml_node frame = document.format();
-  const auto lies = [&](const char* start, const char* length, double limit) {
-    const double first = agenda::number(frame, start);
-    return first >= 0 && first + agenda::number(frame, length) <= limit;
-  };
-  return lies("left", "width", width) && lies("top", "height", height);
-}
-
-std::string styleForSlides(double width, double height) {
-  std::string best;
-  double bestWidth = 0;
-  const auto& names = core::globals().styleNames;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    agenda::AgendaDocument look;
-    try {
-      if (!look.load(core::agendaTemplatePath(static_cast<std::int32_t>(i) + 1)) ||
-          !staysOnSlides(look, width, height)) {
-        continue;
-      }
-      const double rows = agenda::number(look.format(), "width");
-      if (rows <= bestWidth) continue;
-      bestWidth = rows;
-      best = names[i];
-    } catch (const base::Error&) {
-      // A template that lacks its frame is none to choose; the dialog tells when it is asked for.
-    }
-  }
-  return best;
 }
 
 AgendaEditor::AgendaEditor() {
@@ -93,9 +60,8 @@ void AgendaEditor::chooseStyle(const std::string& style) {
   const int index = wizard_.cbStyle.find(style);
   if (index < 0) {
     std::vector<std::string> names;
-    for (const ui::ListItem& item : wizard_.cbStyle.items()) names.push_back("\"" + item.text + "\"");
-    throw Failure(Exit::usage,
-                  "--style: there is no style \"" + style + "\"; there are " + base::join(names, ", "));
+    for (const ui::ListItem& item : wizard_.cbStyle.items()) names.push_back(item.text);
+    refuseName("--style", "style", style, names);
   }
   wizard_.focus(wizard_.cbStyle);
   wizard_.cbStyle.listIndex(index);

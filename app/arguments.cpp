@@ -59,6 +59,12 @@ std::vector<host::Shape> byName(const host::Shapes& shapes, const std::string& n
 
 }  // namespace
 
+void refuseName(const std::string& option, const std::string& kind, std::string_view name,
+                const std::vector<std::string>& known) {
+  misused(option + ": there is no " + kind + " \"" + std::string(name) + "\"; there are " +
+          (known.empty() ? "none" : base::join(known, ", ")));
+}
+
 std::vector<std::string> splitList(std::string_view list) {
   std::vector<std::string> parts(1);
   for (std::size_t i = 0; i < list.size(); ++i) {
@@ -137,7 +143,7 @@ std::int32_t parseView(std::string_view name) {
     if (base::equalsIgnoreCase(view.name, name)) return view.type;
     names.emplace_back(view.name);
   }
-  misused("--view: there is no view \"" + std::string(name) + "\"; there are " + base::join(names, ", "));
+  refuseName("--view", "view", name, names);
 }
 
 host::Shape findShape(const host::Shapes& shapes, const std::string& reference, const std::string& option) {

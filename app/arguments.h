@@ -11,6 +11,10 @@
 
 namespace vellumark::app {
 
+/// Fails as wrong usage because an option names something that isn't there; tells what there is.
+[[noreturn]] void refuseName(const std::string& option, const std::string& kind, std::string_view name,
+                             const std::vector<std::string>& known);
+
 /// A list split at its commas; "\," is a comma in a name and "\\" a backslash.
 std::vector<std::string> splitList(std::string_view list);
 

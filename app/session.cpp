@@ -52,8 +52,7 @@ void Session::chooseStyle(const std::string& name) {
     addIn_->callBack("style_onAction", {chooser, std::string(), i});
     return;
   }
-  throw Failure(Exit::usage, "--style: there is no style \"" + name + "\"; there are " +
-                                 (names.empty() ? "none" : "\"" + base::join(names, "\", \"") + "\""));
+  refuseName("--style", "style", name, names);
 }
 
 void Session::goToSlide(std::int32_t slide) {

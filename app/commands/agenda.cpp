@@ -4,6 +4,7 @@
 
 #include "agenda/agenda_commands.h"
 #include "agenda/agenda_ties.h"
+#include "agenda_styles.h"
 #include "console.h"
 #include "core/globals.h"
 #include "core/template_paths.h"

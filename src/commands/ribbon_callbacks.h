@@ -28,7 +28,7 @@ bool getPressed(const host::IRibbonControl& control);
 host::ObjectRef getImage(const host::IRibbonControl& control);
 
 // The chooser of styles: an entry for no style, then one for each style of the configuration.
-constexpr std::int16_t styleChooser = 1025;  ///< the number of its control
+inline constexpr std::int16_t styleChooser = 1025;  ///< the number of its control
 
 std::int16_t style_getItemCount(const host::IRibbonControl& control);
 std::string style_getItemLabel(const host::IRibbonControl& control, std::int32_t index);

@@ -198,7 +198,7 @@ TEST_F(Agenda, RefusalsWriteNothing) {
       {{"--export"}, 1, "holds no agenda; make one with"},
       {{"--items", list, "--style", "Green", "-o", out},
        2,
-       "there are \"Vellumark Blue\", \"Vellumark Blue Wide\", \"Vellumark Grey\", \"Vellumark Grey Wide\""},
+       "there are Vellumark Blue, Vellumark Blue Wide, Vellumark Grey, Vellumark Grey Wide"},
       {{"--items", list, "--start", "25:00", "-o", out}, 2, "--start 25:00: is refused"},
       {{"--items", list, "--times", "--pages", "-o", out}, 2, "excludes"},
       {{"--export", "--items", list}, 2, "excludes"},

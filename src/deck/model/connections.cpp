@@ -24,19 +24,31 @@ using pugi::xml_node;
 /// EMU; less comes from turning forth and back.
 constexpr double unseen = 0.5;
 
-/// Where a place on the slide lies in a shape: as a share of its sides from the middle, EMU along a side
-/// without length.
-Point placeIn(const ShapeFrame& frame, Point place) {
+/// A place on the slide as it lies in a frame that is not turned, from its middle; and back.
+Point inFrame(const ShapeFrame& frame, Point place) {
   const Point middle = centre(frame);
-  const Point local = turned({place.x - middle.x, place.y - middle.y}, -frame.rotation);
-  return {local.x * (frame.flipH ? -1 : 1) / (frame.width > 0 ? frame.width : 1),
-          local.y * (frame.flipV ? -1 : 1) / (frame.height > 0 ? frame.height : 1)};
+  return turned({place.x - middle.x, place.y - middle.y}, -frame.rotation);
 }
-Point placeOn(const ShapeFrame& frame, Point share) {
-  const Point local{share.x * (frame.width > 0 ? frame.width : 1) * (frame.flipH ? -1 : 1),
-                    share.y * (frame.height > 0 ? frame.height : 1) * (frame.flipV ? -1 : 1)};
-  const Point middle = centre(frame), offset = turned(local, frame.rotation);
-  return {middle.x + offset.x, middle.y + offset.y};
+Point onSlide(const ShapeFrame& frame, Point local) {
+  const Point middle = centre(frame), way = turned(local, frame.rotation);
+  return {middle.x + way.x, middle.y + way.y};
+}
+
+/// The sides of a frame, negative where it is mirrored. One without length counts as an EMU, so that there
+/// are shares of it.
+Point sides(const ShapeFrame& frame) {
+  return {std::max(frame.width, 1.0) * (frame.flipH ? -1 : 1),
+          std::max(frame.height, 1.0) * (frame.flipV ? -1 : 1)};
+}
+
+/// Where a place lies in a shape, in shares of its sides from the middle; and back.
+Point shareOf(const ShapeFrame& frame, Point place) {
+  const Point local = inFrame(frame, place), side = sides(frame);
+  return {local.x / side.x, local.y / side.y};
+}
+Point placeAt(const ShapeFrame& frame, Point share) {
+  const Point side = sides(frame);
+  return onSlide(frame, {share.x * side.x, share.y * side.y});
 }
 
 /// All connectors run from the left upper corner of their frame to the right lower one, before the frame is
@@ -45,15 +57,8 @@ using Ends = std::array<Point, 2>;
 constexpr const char* endNames[] = {"a:stCxn", "a:endCxn"};
 
 Ends endsOf(const ShapeFrame& frame) {
-  Ends ends;
-  for (const int end : {0, 1}) {
-    const double share = end - 0.5;
-    const Point local{frame.width * (frame.flipH ? -share : share),
-                      frame.height * (frame.flipV ? -share : share)};
-    const Point middle = centre(frame), offset = turned(local, frame.rotation);
-    ends[static_cast<std::size_t>(end)] = {middle.x + offset.x, middle.y + offset.y};
-  }
-  return ends;
+  const Point half{frame.width / (frame.flipH ? -2 : 2), frame.height / (frame.flipV ? -2 : 2)};
+  return {onSlide(frame, {-half.x, -half.y}), onSlide(frame, half)};
 }
 
 /// The frame of a connector between two places, turned as before.
@@ -160,7 +165,7 @@ ShapeFrame frameOf(const ShapeKey& connector) {
 struct GluedConnector {
   ShapeKey key;
   std::array<xml_node, 2> shapes;  ///< that the ends are glued to, of those that move
-  Ends places;                     ///< in these shapes
+  std::array<Point, 2> shares;     ///< where they touch these
 };
 
 std::vector<GluedConnector> gluedConnectors(const Sheet& sheet,
@@ -176,7 +181,7 @@ std::vector<GluedConnector> gluedConnectors(const Sheet& sheet,
       const auto shape = moved.find(gluedTo(node, endNames[end]));
       if (shape == moved.end() || shape->first == 0) continue;
       connector.shapes[end] = shape->second;
-      connector.places[end] = placeIn(slideFrame({sheet, shape->second}), ends[end]);
+      connector.shares[end] = shareOf(slideFrame({sheet, shape->second}), ends[end]);
     }
     if (connector.shapes[0] || connector.shapes[1]) glued.push_back(connector);
   }
@@ -185,13 +190,12 @@ std::vector<GluedConnector> gluedConnectors(const Sheet& sheet,
 
 /// The side of a shape that is nearest to a place; nothing for a place in its midst.
 std::optional<Side> sideAt(const ShapeFrame& frame, Point place) {
-  Point share = placeIn(frame, place);
+  const Point local = inFrame(frame, place);
+  const double across = local.x / std::max(frame.width, 1.0), down = local.y / std::max(frame.height, 1.0);
   constexpr double midst = 0.25;
-  if (std::max(std::abs(share.x), std::abs(share.y)) < midst) return std::nullopt;
-  if (frame.flipH) share.x = -share.x;
-  if (frame.flipV) share.y = -share.y;
-  const Side side = std::abs(share.x) >= std::abs(share.y) ? (share.x > 0 ? Side::right : Side::left)
-                                                           : (share.y > 0 ? Side::down : Side::up);
+  if (std::max(std::abs(across), std::abs(down)) < midst) return std::nullopt;
+  const Side side = std::abs(across) >= std::abs(down) ? (across > 0 ? Side::right : Side::left)
+                                                       : (down > 0 ? Side::down : Side::up);
   return turned(side, frame.rotation);
 }
 
@@ -234,7 +238,7 @@ void follow(const GluedConnector& connector) {
   Ends ends = before;
   for (const std::size_t end : {0U, 1U}) {
     if (!connector.shapes[end]) continue;
-    ends[end] = placeOn(slideFrame({connector.key.sheet, connector.shapes[end]}), connector.places[end]);
+    ends[end] = placeAt(slideFrame({connector.key.sheet, connector.shapes[end]}), connector.shares[end]);
   }
   const auto stays = [](const Point& a, const Point& b) {
     return std::abs(a.x - b.x) < unseen && std::abs(a.y - b.y) < unseen;
