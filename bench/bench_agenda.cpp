@@ -5,10 +5,10 @@
 
 #include "agenda/agenda_wizard.h"
 #include "core/globals.h"
+#include "decks/deck_builder.h"
 #include "questions.h"
 #include "quiet_settings.h"
 #include "session.h"
-#include "support/deck_builder.h"
 
 namespace {
 
@@ -17,7 +17,7 @@ using namespace vellumark;
 void makeAgenda(benchmark::State& state, const std::string& style) {
   const bench::QuietSettings settings;
   const test::TempFolder folder;
-  test::DeckBuilder builder;
+  decks::DeckBuilder builder;
   builder.slide("titleOnly");
   builder.save(folder.path("deck.pptx"));
   const auto count = static_cast<int>(state.range(0));

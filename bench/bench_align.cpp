@@ -2,11 +2,11 @@
 
 #include <benchmark/benchmark.h>
 
+#include "decks/deck_builder.h"
 #include "press.h"
 #include "questions.h"
 #include "quiet_settings.h"
 #include "session.h"
-#include "support/deck_builder.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ using namespace vellumark;
 void alignShapes(benchmark::State& state, const std::string& command) {
   const bench::QuietSettings settings;
   const test::TempFolder folder;
-  test::DeckBuilder builder;
+  decks::DeckBuilder builder;
   auto slide = builder.slide();
   for (int i = 0; i < state.range(0); ++i) {
     slide.shape("rect", i % 900, i % 500, 40, 20).rotate(i % 4 * 90);

@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "deck/embedded_host.h"
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -15,7 +15,7 @@ constexpr int slideCount = 500;
 const std::string& longDeck() {
   static const test::TempFolder folder;
   static const std::string path = [] {
-    test::DeckBuilder builder;
+    decks::DeckBuilder builder;
     for (int i = 0; i < slideCount; ++i) {
       auto slide = builder.slide("titleOnly");
       slide.placeholder("title").text("Slide " + std::to_string(i + 1));

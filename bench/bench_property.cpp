@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "deck/embedded_host.h"
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -13,7 +13,7 @@ using namespace vellumark;
 /// A slide with one turned rectangle, open in a window.
 struct OneShape {
   OneShape() {
-    test::DeckBuilder builder;
+    decks::DeckBuilder builder;
     builder.slide().shape("rect", 10, 20, 100, 50).rotate(30).named("Box");
     builder.save(folder.path("deck.pptx"));
     shape = host.open(folder.path("deck.pptx")).Slides().Item(1).Shapes().Item(1);

@@ -3,11 +3,11 @@
 #include <benchmark/benchmark.h>
 
 #include "core/globals.h"
+#include "decks/deck_builder.h"
 #include "press.h"
 #include "questions.h"
 #include "quiet_settings.h"
 #include "session.h"
-#include "support/deck_builder.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ void pressOn(benchmark::State& state, const std::string& command, Build build,
              const std::vector<std::string>& dialogs = {}) {
   const bench::QuietSettings settings;
   const test::TempFolder folder;
-  test::DeckBuilder builder;
+  decks::DeckBuilder builder;
   auto slide = builder.slide();
   for (int i = 0; i < state.range(0); ++i) build(slide, i);
   builder.save(folder.path("deck.pptx"));
@@ -48,7 +48,7 @@ void pressOn(benchmark::State& state, const std::string& command, Build build,
 /// Two lines of text in a box of its own, `fit` with the box following its text.
 void text(benchmark::State& state, const std::string& command, bool fit,
           const std::vector<std::string>& dialogs = {}) {
-  const auto build = [fit](test::SlideBuilder& slide, int i) {
+  const auto build = [fit](decks::SlideBuilder& slide, int i) {
     const std::string name = "Team " + std::to_string(i);
     auto box = slide.textBox(i % 900, i % 500, 160, 40, name + ": delivers the second release\nin May",
                              {.size = 14});
@@ -73,7 +73,7 @@ BENCHMARK_CAPTURE(text, adjustAutoShapeToText, "adjustAutoShapeToText", false)
 BENCHMARK_CAPTURE(text, wrapText, "wrapText", true)->Arg(500)->Unit(benchmark::kMillisecond);
 
 void processChain(benchmark::State& state) {
-  pressOn(state, "processChain", [](test::SlideBuilder& slide, int i) {
+  pressOn(state, "processChain", [](decks::SlideBuilder& slide, int i) {
     slide.shape(i == 0 ? "homePlate" : "chevron", i * 40 % 900, 100 + i % 5, 60, 40);
   });
 }

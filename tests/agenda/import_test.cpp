@@ -25,7 +25,7 @@ class AgendaImport : public test::AgendaStage {
 
   /// A deck with that text as its agenda's document, none where it is empty.
   std::string deckWith(const std::string& xml) {
-    test::DeckBuilder other;
+    decks::DeckBuilder other;
     other.slide();
     if (!xml.empty()) other.tag(tags::document, xml);
     const std::string path = folder.path("other.pptx");

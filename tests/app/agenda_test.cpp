@@ -5,8 +5,8 @@
 #include "agenda_items.h"
 #include "app/program.h"
 #include "deck/embedded_host.h"
+#include "decks/deck_builder.h"
 #include "failure.h"
-#include "support/deck_builder.h"
 #include "support/temp_folder.h"
 
 namespace vellumark::app {
@@ -17,7 +17,7 @@ using test::Outcome;
 class Agenda : public testing::Test {
  protected:
   Agenda() {
-    test::DeckBuilder deck;
+    decks::DeckBuilder deck;
     deck.slide("titleOnly").placeholder("title").text("First");
     deck.save(deck_);
   }
@@ -125,7 +125,7 @@ TEST_F(Agenda, TheStyleSuitsTheSlidesUnlessOneWasChosen) {
                {720, 540, "Vellumark Blue", true},
                {720, 405, "Vellumark Blue", false}};
   for (const auto& size : sizes) {
-    test::DeckBuilder deck;
+    decks::DeckBuilder deck;
     deck.size(size.width, size.height).slide("titleOnly").placeholder("title").text("First");
     deck.save(deck_);
     const Outcome made = agenda({deck_, "--items", list, "-o", out});
@@ -135,7 +135,7 @@ TEST_F(Agenda, TheStyleSuitsTheSlidesUnlessOneWasChosen) {
               size.stays)
         << made.err;
   }
-  test::DeckBuilder chosen;
+  decks::DeckBuilder chosen;
   chosen.tag("ZORP_STYLE", "Vellumark Grey").slide("titleOnly").placeholder("title").text("First");
   chosen.save(deck_);
   EXPECT_EQ(agenda({deck_, "--items", list, "-o", out}).status, 0);

@@ -8,9 +8,11 @@
 #include <nlohmann/json.hpp>
 
 #include "app/program.h"
-#include "support/zip_entries.h"
+#include "support/saved_decks.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 namespace fs = std::filesystem;

@@ -7,10 +7,12 @@
 #include <nlohmann/json.hpp>
 
 #include "app/program.h"
-#include "support/deck_builder.h"
-#include "support/zip_entries.h"
+#include "decks/deck_builder.h"
+#include "support/saved_decks.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 namespace fs = std::filesystem;

@@ -6,9 +6,11 @@
 #include <set>
 
 #include "app/program.h"
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 using Json = nlohmann::json;

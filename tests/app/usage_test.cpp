@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "app/program.h"
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 class Usage : public testing::Test {

@@ -84,7 +84,7 @@ TEST_F(Ribbon, FailuresReachTheHost) {
 
 // The macro's presentation is opened, used and gone before the command starts.
 TEST_F(Ribbon, TheUndoFixRunsFirst) {
-  test::DeckBuilder macros;
+  decks::DeckBuilder macros;
   macros.slide();
   macros.save(folder.path("program/zorpUndoFix.ppt"));
   select({"A", "M"});

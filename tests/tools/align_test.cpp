@@ -28,7 +28,7 @@ class Align : public test::Stage {
     add(slide, "N", turned, 90);
     open();
   }
-  static void add(test::SlideBuilder& slide, const char* name, Frame f, double rotation) {
+  static void add(decks::SlideBuilder& slide, const char* name, Frame f, double rotation) {
     slide.shape("rect", f.left, f.top, f.width, f.height).rotate(rotation).named(name);
   }
   void expectFrame(const char* name, Frame frame) {
@@ -108,7 +108,7 @@ TEST_F(Align, ATurnedMasterCountsByItsBox) {
 }
 
 TEST_F(Align, GoldenSection) {
-  test::DeckBuilder figures;
+  decks::DeckBuilder figures;
   auto slide = figures.slide();
   add(slide, "M", {0, 100, 50, 200}, 0);
   add(slide, "S", {70, 0, 30, 40}, 0);

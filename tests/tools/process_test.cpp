@@ -107,7 +107,7 @@ TEST_F(Process, ChainsCloseAlongTheirFlow) {
   for (const Case& c :
        {Case{0, "14.0", 20}, Case{0, "11.0", 20}, Case{0, "15.0", 0}, Case{180, "14.0", 20}}) {
     SCOPED_TRACE(std::string(c.version) + ", " + std::to_string(c.rotation));
-    deck = test::DeckBuilder();
+    deck = decks::DeckBuilder();
     auto slide = deck.slide();
     // Selected out of order and at different heights; the last one selected is the master.
     slide.shape("chevron", 220, 90, 90, 30).rotate(c.rotation).named("B");
@@ -160,7 +160,7 @@ TEST_F(Process, HeadersFollowTheSlantOfTheirPentagon) {
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(std::string(c.version) + ", " + std::to_string(c.rotation));
-    deck = test::DeckBuilder();
+    deck = decks::DeckBuilder();
     auto slide = deck.slide();
     slide.shape("homePlate", 100, 100, 200, 100).rotate(c.rotation).named("P");
     slide.freeform(90, 95, 120, 30, {{0, 0}, {120, 0}, {120, 30}, {0, 30}}).named("H");

@@ -15,7 +15,7 @@
 namespace vellumark::tools {
 namespace {
 
-using test::DeckBuilder;
+using decks::DeckBuilder;
 using test::Texts;
 
 const std::string product = "Vellumark for presentations ";

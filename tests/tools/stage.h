@@ -10,8 +10,8 @@
 
 #include "core/globals.h"
 #include "deck/embedded_host.h"
+#include "decks/deck_builder.h"
 #include "platform/environment_guard.h"
-#include "support/deck_builder.h"
 #include "support/failures.h"
 #include "support/messages.h"
 #include "support/temp_folder.h"
@@ -45,7 +45,7 @@ class Stage : public testing::Test {
 
   TempFolder folder;
   EnvironmentGuard store{"VELLUMARK_SETTINGS", folder.path("settings.db")};
-  DeckBuilder deck;
+  decks::DeckBuilder deck;
   std::unique_ptr<deck::EmbeddedHost> host;
   host::Presentation presentation;
   tools::TrimlineTools tools;

@@ -3,11 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include "decks/deck_builder.h"
 #include "platform/loopback_server.h"
-#include "support/deck_builder.h"
 #include "windows/installed_add_in.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 const std::string settings = "HKCU\\Software\\Vellumark\\Vellumark for presentations";

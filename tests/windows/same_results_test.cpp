@@ -7,11 +7,13 @@
 #include <nlohmann/json.hpp>
 #include <regex>
 
-#include "support/deck_builder.h"
-#include "support/zip_entries.h"
+#include "decks/deck_builder.h"
+#include "support/saved_decks.h"
 #include "windows/installed_add_in.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 namespace fs = std::filesystem;

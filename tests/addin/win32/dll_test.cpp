@@ -4,14 +4,16 @@
 
 #include "addin/win32/loaded_dll.h"
 #include "deck/embedded_host.h"
+#include "decks/deck_builder.h"
 #include "host/automation/served_object.h"
 #include "ribbon.h"
-#include "support/deck_builder.h"
 #include "support/fake_host.h"
 #include "support/temp_folder.h"
 #include "windows/window_questions.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 using host::Value;

@@ -3,6 +3,8 @@
 #include "deck/model/shape_fixture.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 using base::errors::outOfRange;

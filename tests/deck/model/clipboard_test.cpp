@@ -9,9 +9,9 @@
 namespace vellumark::deck {
 namespace {
 
+using decks::DeckBuilder;
 using host::callByName;
 using host::Value;
-using test::DeckBuilder;
 using test::errorOf;
 
 class Copying : public test::ShapeTest {
@@ -21,11 +21,11 @@ class Copying : public test::ShapeTest {
     builder.save(folder.path(name));
     return host->application().Presentations().Open(folder.path(name), false, false, false);
   }
-  test::ZipEntries saved(const host::Presentation& what) {
+  decks::ZipEntries saved(const host::Presentation& what) {
     what.SaveCopyAs(folder.path("look.pptx"));
     return test::readZipFile(folder.path("look.pptx"));
   }
-  static int parts(const test::ZipEntries& entries, const std::string& folder) {
+  static int parts(const decks::ZipEntries& entries, const std::string& folder) {
     int found = 0;
     for (const auto& [name, entry] : entries) {
       if (name.starts_with(folder) && name.find("_rels") == std::string::npos) ++found;
@@ -66,7 +66,7 @@ TEST_F(Copying, ShapesTakeAlongWhatTheyReferTo) {
   EXPECT_EQ(pasted.Item(1).Left(), 10);
   EXPECT_EQ(pasted.Item(3).Table().Cell(1, 1).Shape().TextFrame().TextRange().Font().Bold(), host::msoTrue);
 
-  test::ZipEntries entries = saved(target);
+  decks::ZipEntries entries = saved(target);
   EXPECT_EQ(test::packageFaults(entries), std::vector<std::string>());
   EXPECT_EQ(parts(entries, "ppt/media/"), 2);
   EXPECT_EQ(parts(entries, "ppt/charts/"), 1);
@@ -242,7 +242,7 @@ TEST_F(Copying, SlidesComeWithTheirNotesAndFollowTheLayoutsThere) {
   std::set<int> ids;
   for (int i = 1; i <= 4; ++i) ids.insert(presentation.Slides().Item(i).SlideID());
   EXPECT_EQ(ids.size(), 4u);
-  const test::ZipEntries entries = saved(presentation);
+  const decks::ZipEntries entries = saved(presentation);
   EXPECT_EQ(test::packageFaults(entries), std::vector<std::string>());
   EXPECT_EQ(parts(entries, "ppt/notesMasters/"), 1);
   EXPECT_EQ(parts(entries, "ppt/notesSlides/"), 2);
@@ -263,7 +263,7 @@ TEST_F(Copying, LayoutsThatAreNotThereComeAlong) {
   close(source);
   presentation.Slides().Paste();
   presentation.Slides().Paste();
-  const test::ZipEntries entries = saved(presentation);
+  const decks::ZipEntries entries = saved(presentation);
   EXPECT_EQ(test::packageFaults(entries), std::vector<std::string>());
   EXPECT_EQ(parts(entries, "ppt/slideLayouts/"), layouts + 1) << "once, with its picture";
   EXPECT_EQ(parts(entries, "ppt/media/"), 1);
@@ -287,7 +287,7 @@ TEST_F(Copying, SlidesAreInsertedFromAFileAndDuplicated) {
   callByName(slides.Item(1).object(), "Duplicate");
   EXPECT_EQ(slides.Item(2).Shapes().Item(1).TextFrame().TextRange().Text(), "One");
   EXPECT_EQ(slides.Count(), 7);
-  const test::ZipEntries entries = saved(presentation);
+  const decks::ZipEntries entries = saved(presentation);
   EXPECT_EQ(parts(entries, "ppt/media/"), before);
   EXPECT_EQ(test::packageFaults(entries), std::vector<std::string>());
 
@@ -313,15 +313,15 @@ TEST_F(Copying, LinksAmongSlidesFollowOrGo) {
   deck.slide().shape("rect", 0, 0, 1, 1).named("End");
   deck.save(folder.path("plain.pptx"));
   // The builder knows no links between slides.
-  test::ZipEntries entries = test::readZipFile(folder.path("plain.pptx"));
+  decks::ZipEntries entries = test::readZipFile(folder.path("plain.pptx"));
   std::string& relationships = entries.at("ppt/slides/_rels/slide1.xml.rels").bytes;
   relationships.insert(
       relationships.find("</Relationships>"),
       R"(<Relationship Id="rId8" Type="http://schemas.openxmlformats.org/officeDocument/2006/)"
       R"(relationships/slide" Target="slide2.xml"/>)");
-  openFile(folder.write("linked.pptx", test::writeZip(entries)));
+  openFile(folder.write("linked.pptx", decks::writeZip(entries)));
   const auto links = [&](const host::Presentation& where, int slide) {
-    const test::ZipEntries now = saved(where);
+    const decks::ZipEntries now = saved(where);
     EXPECT_EQ(test::packageFaults(now), std::vector<std::string>());
     const std::string part = "ppt/slides/slide" + std::to_string(slide) + ".xml";
     return test::count(now.at(part).bytes, "hlinkClick");
@@ -353,7 +353,7 @@ std::vector<std::filesystem::path> sharedDecks() {
 }
 
 /// The faults of a package without what tells one part from another: numbers, and the part's name.
-std::set<std::string> faultKinds(const test::ZipEntries& entries) {
+std::set<std::string> faultKinds(const decks::ZipEntries& entries) {
   std::set<std::string> kinds;
   for (const std::string& fault : test::packageFaults(entries)) {
     std::string kind;
@@ -409,7 +409,7 @@ TEST_F(Copying, DiagramsKeepTheirDrawing) {
       host->application().Presentations().Open(source.string(), true, false, false);
   from.Slides().Item(1).Shapes().Range().Copy();
   shapes(2).Paste();
-  const test::ZipEntries entries = saved(presentation);
+  const decks::ZipEntries entries = saved(presentation);
   const std::string& data = entries.at("ppt/diagrams/data1.xml").bytes;
   const std::size_t at = data.find("relId=\"") + 7;
   const std::string id = data.substr(at, data.find('"', at) - at);

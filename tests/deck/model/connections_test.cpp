@@ -6,6 +6,8 @@
 #include "host/constants.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 class ConnectionsTest : public ShapeTest {

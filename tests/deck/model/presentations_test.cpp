@@ -6,15 +6,15 @@
 
 #include "base/error.h"
 #include "deck/embedded_host.h"
+#include "decks/deck_builder.h"
 #include "platform/paths.h"
-#include "support/deck_builder.h"
+#include "support/saved_decks.h"
 #include "support/temp_folder.h"
-#include "support/zip_entries.h"
 
 namespace vellumark::deck {
 namespace {
 
-using test::DeckBuilder;
+using decks::DeckBuilder;
 using test::TempFolder;
 
 int errorNumber(const std::function<void()>& statement) {

@@ -9,9 +9,9 @@
 
 #include "deck/embedded_host.h"
 #include "deck/model/objects.h"
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
+#include "support/saved_decks.h"
 #include "support/temp_folder.h"
-#include "support/zip_entries.h"
 
 namespace vellumark::test {
 
@@ -44,11 +44,11 @@ class ShapeTest : public testing::Test {
   std::string slideXml(int slide = 1) {
     const std::string path = folder.path("look.pptx");
     presentation.SaveCopyAs(path);
-    return readZipFile(path).at("ppt/slides/slide" + std::to_string(slide) + ".xml").bytes;
+    return test::readZipFile(path).at("ppt/slides/slide" + std::to_string(slide) + ".xml").bytes;
   }
 
   TempFolder folder;
-  DeckBuilder deck;
+  decks::DeckBuilder deck;
   std::unique_ptr<deck::EmbeddedHost> host;
   host::Presentation presentation;
 

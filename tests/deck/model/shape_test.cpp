@@ -8,6 +8,8 @@
 #include "host/constants.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 using base::errors::invalidRequest;

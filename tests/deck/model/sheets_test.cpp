@@ -31,7 +31,7 @@ class Sheets : public test::ShapeTest {
         placeholder.TextFrame().TextRange().Text(text);
     }
   }
-  test::ZipEntries saved() {
+  decks::ZipEntries saved() {
     presentation.SaveCopyAs(folder.path("look.pptx"));
     return test::readZipFile(folder.path("look.pptx"));
   }
@@ -69,7 +69,7 @@ TEST_F(Sheets, NotesPagesAreMadeWhenSomethingIsWritten) {
             std::vector<std::string>());
   setNotes(2, "Speak up");
   EXPECT_EQ(notes(2), "Speak up");
-  const test::ZipEntries entries = saved();
+  const decks::ZipEntries entries = saved();
   EXPECT_EQ(test::packageFaults(entries), std::vector<std::string>());
   EXPECT_TRUE(entries.contains("ppt/notesMasters/notesMaster1.xml"));
   reopen();

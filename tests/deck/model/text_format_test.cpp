@@ -6,6 +6,8 @@
 #include "host/constants.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 using base::errors::outOfRange;
@@ -182,7 +184,7 @@ TEST_F(TextFormatTest, ATabStopAtTheEndOfTheLineStandsInItInHundredthsOfAMillime
   const auto hundredths = [](float points) { return std::lround(points * 12700 / 360); };
   for (const float margin : {0.0F, 5.6F, 6.4F, 7.2F, 8.0F}) {
     for (float width = 600; width < 602; width += 0.1F) {
-      deck = test::DeckBuilder();
+      deck = decks::DeckBuilder();
       deck.slide().textBox(0, 0, width, 30, "a\tb").named("A");
       open();
       const host::TextFrame frame = shape("A").TextFrame();

@@ -4,6 +4,8 @@
 #include "host/constants.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 class TextLayoutTest : public ShapeTest {

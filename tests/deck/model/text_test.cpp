@@ -2,6 +2,8 @@
 #include "host/constants.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 using base::errors::outOfRange;

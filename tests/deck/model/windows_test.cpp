@@ -4,13 +4,13 @@
 
 #include "base/error.h"
 #include "deck/embedded_host.h"
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
 #include "support/temp_folder.h"
 
 namespace vellumark::deck {
 namespace {
 
-using test::DeckBuilder;
+using decks::DeckBuilder;
 
 int errorNumber(const std::function<void()>& statement) {
   try {

@@ -10,9 +10,9 @@
 #include <random>
 
 #include "deck/package/package.h"
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
+#include "support/saved_decks.h"
 #include "support/temp_folder.h"
-#include "support/zip_entries.h"
 
 namespace vellumark::deck {
 namespace {
@@ -32,7 +32,7 @@ namespace {
 TEST(AtomicSave, SurvivesBeingKilled) {
   test::TempFolder folder;
   const std::string path = folder.path("deck.pptx");
-  test::DeckBuilder deck;
+  decks::DeckBuilder deck;
   auto slide = deck.slide("blank");
   for (int i = 0; i < 200; ++i) slide.shape("rect", i, i, 50, 50).text("some text");
   deck.save(path);
@@ -60,7 +60,7 @@ TEST(AtomicSave, SurvivesBeingKilled) {
 TEST(AtomicSave, AFullDiskLosesNothing) {
   test::TempFolder folder;
   const std::string path = folder.path("deck.pptx");
-  test::DeckBuilder deck;
+  decks::DeckBuilder deck;
   deck.slide("blank").shape("rect", 0, 0, 50, 50);
   deck.save(path);
   const std::string before = test::readFile(path);

@@ -39,7 +39,7 @@ TEST_F(PackageTest, DecksFromElsewhereLoseNothing) {
     const std::string path = file.path().string();
     if (file.path().extension() != ".pptx" || !faultOf(path).empty()) continue;
     SCOPED_TRACE(path);
-    const test::ZipEntries before = test::readZipFile(path);
+    const decks::ZipEntries before = test::readZipFile(path);
     {
       const auto package = Package::open(path);
       const PartRef slide = package->part("ppt/slides/slide1.xml");

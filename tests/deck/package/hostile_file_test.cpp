@@ -11,8 +11,8 @@
 namespace vellumark::deck {
 namespace {
 
-using test::DeckBuilder;
-using test::ZipEntries;
+using decks::DeckBuilder;
+using decks::ZipEntries;
 
 /// Encrypts slide 1 of the deck in a file.
 std::string encrypted(const std::string& path) {
@@ -142,7 +142,7 @@ TEST_F(PackageTest, DamagedCopiesNeverCrash) {
       for (auto& [name, entry] : damaged) {
         if (random() % 8 == 0) flip(entry.bytes, 0);
       }
-      bytes = test::writeZip(damaged);
+      bytes = decks::writeZip(damaged);
     } else {
       // Half of the faults hit the directory at the end, which all else hangs on.
       for (unsigned flips = 1 + random() % 8; flips > 0; --flips) {

@@ -6,16 +6,16 @@
 #include <string>
 
 #include "deck/package/package.h"
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
+#include "support/saved_decks.h"
 #include "support/temp_folder.h"
-#include "support/zip_entries.h"
 
 namespace vellumark::deck {
 
 class PackageTest : public ::testing::Test {
  protected:
-  static test::DeckBuilder smallDeck() {
-    test::DeckBuilder deck;
+  static decks::DeckBuilder smallDeck() {
+    decks::DeckBuilder deck;
     auto slide = deck.slide("titleOnly");
     slide.placeholder("title").text("Title & <more>");
     slide.shape("rect", 10, 20, 100, 50).named("A").text("line one\nline \ttwo");
@@ -50,14 +50,14 @@ class PackageTest : public ::testing::Test {
     }
   }
 
-  std::string saved(const test::DeckBuilder& deck) {
+  std::string saved(const decks::DeckBuilder& deck) {
     deck.save(folder.path("deck.pptx"));
     return folder.path("deck.pptx");
   }
-  std::string zip(const test::ZipEntries& entries) {
-    return folder.write("made" + std::to_string(++made_) + ".pptx", test::writeZip(entries));
+  std::string zip(const decks::ZipEntries& entries) {
+    return folder.write("made" + std::to_string(++made_) + ".pptx", decks::writeZip(entries));
   }
-  static test::ZipEntries entries(const test::DeckBuilder& deck) { return test::readZip(deck.bytes()); }
+  static decks::ZipEntries entries(const decks::DeckBuilder& deck) { return decks::readZip(deck.bytes()); }
 
   test::TempFolder folder;
 

@@ -5,8 +5,8 @@
 namespace vellumark::deck {
 namespace {
 
-using test::DeckBuilder;
-using test::ZipEntries;
+using decks::DeckBuilder;
+using decks::ZipEntries;
 
 TEST_F(PackageTest, OnlyWhatChangedIsWrittenAnew) {
   const std::string path = saved(smallDeck());

@@ -11,8 +11,8 @@
 namespace vellumark::deck {
 namespace {
 
-using test::DeckBuilder;
-using test::ZipEntries;
+using decks::DeckBuilder;
+using decks::ZipEntries;
 
 /// Everything that a zip file says of its entries, in order.
 std::vector<std::string> directory(const std::string& path) {

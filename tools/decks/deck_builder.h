@@ -17,7 +17,7 @@
 #include <utility>
 #include <vector>
 
-namespace vellumark::test {
+namespace vellumark::decks {
 
 struct DeckData;
 struct MasterData;
@@ -216,4 +216,4 @@ class DeckBuilder {
   std::shared_ptr<DeckData> data_;
 };
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

@@ -1,7 +1,10 @@
+#include "support/saved_decks.h"
+
+#include <algorithm>
 #include <pugixml.hpp>
 #include <set>
 
-#include "support/zip_entries.h"
+#include "support/temp_folder.h"
 
 namespace vellumark::test {
 namespace {
@@ -33,7 +36,7 @@ std::string resolved(const std::string& part, std::string target) {
 
 class Inspection {
  public:
-  explicit Inspection(const ZipEntries& entries) : entries_(entries) {
+  explicit Inspection(const decks::ZipEntries& entries) : entries_(entries) {
     for (const auto& [name, entry] : entries) {
       if (!name.ends_with(".xml") && !name.ends_with(".rels")) continue;
       if (!documents_[name].load_buffer(entry.bytes.data(), entry.bytes.size()))
@@ -114,7 +117,7 @@ class Inspection {
     walk(walk, root);
   }
 
-  const ZipEntries& entries_;
+  const decks::ZipEntries& entries_;
   std::map<std::string, pugi::xml_document> documents_;
   std::set<std::string> reached_;
   std::vector<std::string> faults_;
@@ -122,6 +125,21 @@ class Inspection {
 
 }  // namespace
 
-std::vector<std::string> packageFaults(const ZipEntries& entries) { return Inspection(entries).run(); }
+std::vector<std::string> packageFaults(const decks::ZipEntries& entries) { return Inspection(entries).run(); }
+
+std::vector<std::string> changedEntries(const decks::ZipEntries& before, const decks::ZipEntries& after) {
+  std::vector<std::string> changed;
+  for (const auto& [name, entry] : before) {
+    const auto other = after.find(name);
+    if (other == after.end() || other->second.compressed != entry.compressed) changed.push_back(name);
+  }
+  for (const auto& [name, entry] : after) {
+    if (!before.contains(name)) changed.push_back(name);
+  }
+  std::sort(changed.begin(), changed.end());
+  return changed;
+}
+
+decks::ZipEntries readZipFile(const std::string& path) { return decks::readZip(readFile(path)); }
 
 }  // namespace vellumark::test

@@ -1,13 +1,15 @@
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
 
 #include <gtest/gtest.h>
 
 #include <pugixml.hpp>
 
+#include "support/saved_decks.h"
 #include "support/temp_folder.h"
-#include "support/zip_entries.h"
 
 namespace vellumark::test {
+
+using namespace decks;
 namespace {
 
 /// One of everything.

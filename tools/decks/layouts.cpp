@@ -1,13 +1,13 @@
-#include "support/layouts.h"
+#include "decks/layouts.h"
 
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
-#include "support/shape_xml.h"
-#include "support/xml_add.h"
+#include "decks/shape_xml.h"
+#include "decks/xml_add.h"
 
-namespace vellumark::test {
+namespace vellumark::decks {
 namespace {
 
 /// A placeholder of a layout. Its frame is in thousandths of the slide; without a width it has that of the
@@ -189,4 +189,4 @@ void appendTextStyles(pugi::xml_node master, const Theme& theme) {
   }
 }
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

@@ -9,17 +9,17 @@
 #include <string>
 #include <vector>
 
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
 
 namespace vellumark::samples {
 namespace {
 
-using test::DeckBuilder;
-using test::ShapeBuilder;
-using test::ShapeTree;
-using test::SlideBuilder;
-using test::TextStyle;
-using test::Theme;
+using decks::DeckBuilder;
+using decks::ShapeBuilder;
+using decks::ShapeTree;
+using decks::SlideBuilder;
+using decks::TextStyle;
+using decks::Theme;
 
 // The page: 960 by 540 points, the same margins on every slide.
 constexpr double left = 48;

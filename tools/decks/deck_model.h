@@ -4,9 +4,9 @@
 #include <map>
 #include <optional>
 
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
 
-namespace vellumark::test {
+namespace vellumark::decks {
 
 struct Frame {
   double x = 0, y = 0, width = 0, height = 0;
@@ -140,4 +140,4 @@ struct DeckData {
   std::vector<std::shared_ptr<SlideData>> slides;
 };
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

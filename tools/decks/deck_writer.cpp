@@ -1,14 +1,14 @@
-#include "support/deck_writer.h"
+#include "decks/deck_writer.h"
 
 #include <algorithm>
 #include <stdexcept>
 
-#include "support/layouts.h"
-#include "support/png.h"
-#include "support/shape_xml.h"
-#include "support/xml_add.h"
+#include "decks/layouts.h"
+#include "decks/png.h"
+#include "decks/shape_xml.h"
+#include "decks/xml_add.h"
 
-namespace vellumark::test {
+namespace vellumark::decks {
 namespace {
 
 const std::string officeTypes = "application/vnd.openxmlformats-officedocument.";
@@ -337,4 +337,4 @@ class DeckWriter {
 
 ZipEntries deckEntries(const DeckData& deck) { return DeckWriter(deck).run(); }
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

@@ -3,9 +3,9 @@
 
 #include <pugixml.hpp>
 
-#include "support/deck_model.h"
+#include "decks/deck_model.h"
 
-namespace vellumark::test {
+namespace vellumark::decks {
 
 extern const std::vector<std::string> usualLayouts;  ///< the types of the usual eleven, in order
 
@@ -18,4 +18,4 @@ std::string themeXml(const Theme& theme);
 /// The p:txStyles of a master with that theme, at its end.
 void appendTextStyles(pugi::xml_node master, const Theme& theme);
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

@@ -4,9 +4,9 @@
 #include <functional>
 #include <pugixml.hpp>
 
-#include "support/deck_model.h"
+#include "decks/deck_model.h"
 
-namespace vellumark::test {
+namespace vellumark::decks {
 
 /// What a shape needs of its part: each function adds a part that the shape relates to and gives the
 /// relationship's id.
@@ -28,4 +28,4 @@ void appendBackground(pugi::xml_node parent, const std::string& color);
 /// The part of a bar chart.
 std::string chartXml(const ShapeData& shape);
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

@@ -5,7 +5,7 @@
 #include <pugixml.hpp>
 #include <string>
 
-namespace vellumark::test {
+namespace vellumark::decks {
 
 struct XmlAttribute {
   XmlAttribute(const char* name, const std::string& value) : name(name), value(value) {}
@@ -33,4 +33,4 @@ void addParsed(pugi::xml_node parent, const std::string& xml);
 /// The whole document as text, with the XML declaration.
 std::string xmlText(const pugi::xml_document& document);
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

@@ -3,9 +3,9 @@
 
 #include <string>
 
-namespace vellumark::test {
+namespace vellumark::decks {
 
 /// A PNG of one colour, "RRGGBB".
 std::string png(int width, int height, const std::string& color);
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

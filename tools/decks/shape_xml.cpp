@@ -1,12 +1,12 @@
-#include "support/shape_xml.h"
+#include "decks/shape_xml.h"
 
 #include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
-#include "support/xml_add.h"
+#include "decks/xml_add.h"
 
-namespace vellumark::test {
+namespace vellumark::decks {
 namespace {
 
 using pugi::xml_node;
@@ -388,4 +388,4 @@ std::string chartXml(const ShapeData& shape) {
   return xmlText(document);
 }
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

@@ -1,15 +1,15 @@
-#include "support/deck_builder.h"
+#include "decks/deck_builder.h"
 
 #include <algorithm>
 #include <cmath>
 #include <fstream>
 #include <stdexcept>
 
-#include "support/deck_model.h"
-#include "support/deck_writer.h"
-#include "support/layouts.h"
+#include "decks/deck_model.h"
+#include "decks/deck_writer.h"
+#include "decks/layouts.h"
 
-namespace vellumark::test {
+namespace vellumark::decks {
 namespace {
 
 /// Adds a shape of that kind to the tree, with the next free id and a name such as "TextBox 7".
@@ -449,4 +449,4 @@ void DeckBuilder::save(const std::string& path) const {
   if (!out.flush()) throw std::runtime_error(path + ": can't be written");
 }
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

@@ -1,9 +1,9 @@
-#include "support/xml_add.h"
+#include "decks/xml_add.h"
 
 #include <sstream>
 #include <stdexcept>
 
-namespace vellumark::test {
+namespace vellumark::decks {
 
 void addParsed(pugi::xml_node parent, const std::string& xml) {
   const auto result =
@@ -19,4 +19,4 @@ std::string xmlText(const pugi::xml_document& document) {
   return text.str();
 }
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

@@ -1,11 +1,11 @@
-#include "support/png.h"
+#include "decks/png.h"
 
 #include <zlib.h>
 
 #include <cstdint>
 #include <stdexcept>
 
-namespace vellumark::test {
+namespace vellumark::decks {
 namespace {
 
 std::string bigEndian(std::uint32_t value) {
@@ -48,4 +48,4 @@ std::string png(int width, int height, const std::string& color) {
          chunk("IDAT", deflated(rows)) + chunk("IEND", {});
 }
 
-}  // namespace vellumark::test
+}  // namespace vellumark::decks

@@ -1,14 +1,11 @@
-#include "support/zip_entries.h"
+#include "decks/zip_entries.h"
 
 #include <zip.h>
 
-#include <algorithm>
 #include <memory>
 #include <stdexcept>
 
-#include "support/temp_folder.h"
-
-namespace vellumark::test {
+namespace vellumark::decks {
 namespace {
 
 constexpr zip_uint16_t firstDay = 1 << 5 | 1;  // 1 January 1980, the first day that a zip file can tell
@@ -50,8 +47,6 @@ ZipEntries readZip(const std::string& bytes) {
   return entries;
 }
 
-ZipEntries readZipFile(const std::string& path) { return readZip(readFile(path)); }
-
 std::string writeZip(const ZipEntries& entries) {
   zip_error_t error;
   zip_error_init(&error);
@@ -85,17 +80,4 @@ std::string writeZip(const ZipEntries& entries) {
   return bytes;
 }
 
-std::vector<std::string> changedEntries(const ZipEntries& before, const ZipEntries& after) {
-  std::vector<std::string> changed;
-  for (const auto& [name, entry] : before) {
-    const auto other = after.find(name);
-    if (other == after.end() || other->second.compressed != entry.compressed) changed.push_back(name);
-  }
-  for (const auto& [name, entry] : after) {
-    if (!before.contains(name)) changed.push_back(name);
-  }
-  std::sort(changed.begin(), changed.end());
-  return changed;
-}
-
-}  // namespace vellumark::test
+}  // namespace vellumark::decks
