@@ -4,6 +4,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "ui/form.h"
 
 namespace vellumark::ui {
 
@@ -171,6 +172,12 @@ void TreeView::select(const std::string& key) {
   selectedKey_ = key;
   changed();
   if (!key.empty() && onNodeClick) onNodeClick(key);
+}
+
+void TreeView::startLabelEdit() {
+  if (!labelEdit_ || selectedKey_.empty() || !form().focus(*this)) return;
+  labelEditAsked_ = true;
+  changed();
 }
 
 void TreeView::userEditLabel(const std::string& key, const std::string& text) {

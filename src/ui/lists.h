@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/control.h"
@@ -112,8 +113,12 @@ class TreeView : public Control {
 
   bool labelEdit() const { return labelEdit_; }
   void labelEdit(bool on) { labelEdit_ = on; }
-  /// What the user's editing of a label does: asks onBeforeLabelEdit, then onAfterLabelEdit with the new
-  /// text, either of which can refuse.
+  /// Gives the tree the focus and lets the user edit the selected node's label; nothing without one.
+  void startLabelEdit();
+  /// For toolkits: whether that was asked for since the last time.
+  bool takeLabelEdit() { return std::exchange(labelEditAsked_, false); }
+  /// What the user's editing of a label does, also one that leaves the text as it is: asks onBeforeLabelEdit,
+  /// then onAfterLabelEdit with the new text, either of which can refuse.
   void userEditLabel(const std::string& key, const std::string& text);
 
   std::function<void(const std::string& key)> onNodeClick;
@@ -129,6 +134,7 @@ class TreeView : public Control {
   Node root_;
   std::string selectedKey_;
   bool labelEdit_ = false;
+  bool labelEditAsked_ = false;
 };
 
 }  // namespace vellumark::ui

@@ -305,6 +305,19 @@ TEST_F(QtTest, ListsAndTrees) {
     QTest::qWait(1);
     EXPECT_EQ(form.tree.find("a")->text, "Part");
     EXPECT_TRUE(form.visible());
+    // A label may be edited from elsewhere, and stay as it is; Escape gives it up.
+    for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+      form.focus(form.name);
+      form.log.clear();
+      form.tree.startLabelEdit();
+      editor = tree.findChild<QLineEdit*>();
+      ASSERT_NE(editor, nullptr);
+      QTest::keyClick(editor, key);
+      QTest::qWait(1);
+      EXPECT_EQ(form.log,
+                key == Qt::Key_Return ? (Log{"validate ", "edit a", "a is Part"}) : Log{"validate "});
+      EXPECT_TRUE(form.visible());
+    }
     QTest::keyClick(&tree, Qt::Key_Down);
     QTest::qWait(1);
     EXPECT_EQ(form.tree.find("b"), nullptr);

@@ -372,6 +372,17 @@ TEST_F(Win32Test, ListsAndTrees) {
     EXPECT_EQ(form.log, (Log{"edit a", "a is Part"}));
     EXPECT_TRUE(form.visible());
     EXPECT_EQ(focused(), "tree");
+    // Another control has the label edited, which may stay as it is; Escape gives it up.
+    form.check.onClick = [&] { form.tree.startLabelEdit(); };
+    for (const auto key : {VK_RETURN, VK_ESCAPE}) {
+      form.log.clear();
+      click(form.check);
+      ASSERT_NE(send(form.tree, TVM_GETEDITCONTROL), 0);
+      press(key);
+      EXPECT_EQ(form.log, key == VK_RETURN ? (Log{"edit a", "a is Part"}) : Log{});
+      EXPECT_TRUE(form.visible());
+      EXPECT_EQ(focused(), "tree");
+    }
     press(VK_DOWN);
     EXPECT_EQ(form.tree.find("b"), nullptr);
     EXPECT_EQ(send(form.tree, TVM_GETCOUNT), 1);

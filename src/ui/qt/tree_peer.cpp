@@ -1,5 +1,7 @@
 #include <QHeaderView>
 #include <QIcon>
+#include <QLineEdit>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <algorithm>
@@ -18,6 +20,22 @@ std::string keyOf(const QTreeWidgetItem* item) {
   return item ? fromQt(item->data(0, keyRole).toString()) : "";
 }
 
+/// Hands over what the user made of a label, changed or not, and leaves the item as it is.
+class LabelEditor : public QStyledItemDelegate {
+ public:
+  using Edited = std::function<void(const std::string& key, const std::string& text)>;
+  LabelEditor(QObject* parent, Edited edited) : QStyledItemDelegate(parent), edited_(std::move(edited)) {}
+
+  void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
+    if (const auto* line = qobject_cast<QLineEdit*>(editor)) {
+      edited_(fromQt(index.data(keyRole).toString()), fromQt(line->text()));
+    }
+  }
+
+ private:
+  Edited edited_;
+};
+
 class TreePeer : public Peer {
  public:
   TreePeer(TreeView& tree, PeerWindow& window)
@@ -28,11 +46,11 @@ class TreePeer : public Peer {
     watch(view_->viewport());
     connect(view_, &QTreeWidget::itemSelectionChanged, this,
             [this] { actOnNode(selectedItem(), [this](const std::string& key) { tree_.select(key); }); });
-    connect(view_, &QTreeWidget::itemChanged, this, [this](const QTreeWidgetItem* item) {
-      actOnNode(item, [this, text = fromQt(item->text(0))](const std::string& key) {
-        if (tree_.find(key)->text != text) tree_.userEditLabel(key, text);
+    view_->setItemDelegate(new LabelEditor(this, [this](const std::string& key, const std::string& text) {
+      actOnItems([&] {
+        if (tree_.find(key)) tree_.userEditLabel(key, text);
       });
-    });
+    }));
     connect(view_, &QTreeWidget::itemExpanded, this,
             [this](const QTreeWidgetItem* item) { expand(item, true); });
     connect(view_, &QTreeWidget::itemCollapsed, this,
@@ -59,6 +77,7 @@ class TreePeer : public Peer {
       if (!tree_.selectedKey().empty() && keyOf(*item) == tree_.selectedKey()) selected = *item;
     }
     if (selectedItem() != selected) view_->setCurrentItem(selected);
+    if (tree_.takeLabelEdit() && selected) view_->editItem(selected);
   }
 
   /// Qt has a current item as soon as the tree has the focus; selected is another thing.

@@ -30,6 +30,19 @@ class TextPeer : public Peer {
     if (notification == EN_CHANGE) typed();
   }
 
+  /// A field that was narrower may have scrolled, and doesn't scroll back by itself.
+  void place(const Rect& rect) override {
+    RECT before = {};
+    GetWindowRect(handle(), &before);
+    Peer::place(rect);
+    if (box_.multiLine() || rect.width <= before.right - before.left) return;
+    const Stretch selected = selection();
+    for (const Stretch& stretch : {Stretch{}, selected}) {
+      send(EM_SETSEL, static_cast<WPARAM>(stretch.start), stretch.start + stretch.length);
+      send(EM_SCROLLCARET);
+    }
+  }
+
  private:
   bool clicksByItself() const override { return true; }
   bool keepsKey(WPARAM key) const override { return key == VK_RETURN && box_.multiLine() && !box_.locked(); }

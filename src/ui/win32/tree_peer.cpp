@@ -40,7 +40,7 @@ class TreePeer : public Peer {
         const auto& item = reinterpret_cast<const NMTVDISPINFOW&>(notification).item;
         if (item.pszText) {
           actOnNode(item.hItem, [this, text = fromWide(item.pszText)](const std::string& key) {
-            if (tree_.find(key)->text != text) tree_.userEditLabel(key, text);
+            tree_.userEditLabel(key, text);
           });
         }
         return FALSE;  // the new text comes from the form
@@ -85,6 +85,7 @@ class TreePeer : public Peer {
     selected_ = nullptr;
     showChildren(TVI_ROOT, tree_.root());
     if (selectedItem() != selected_) send(TVM_SELECTITEM, TVGN_CARET, selected_);
+    if (tree_.takeLabelEdit() && selected_) send(TVM_EDITLABELW, 0, selected_);
   }
 
   void loadPictures() {
