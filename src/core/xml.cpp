@@ -1,5 +1,6 @@
 #include "core/xml.h"
 
+#include <sstream>
 #include <string_view>
 
 #include "base/error.h"
@@ -68,6 +69,12 @@ bool parseXml(pugi::xml_document& document, const std::string& text) {
   return false;
 }
 
+void saveXml(const pugi::xml_document& document, const std::string& path) {
+  std::ostringstream text;
+  document.save(text, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
+  platform::writeFile(path, text.str());
+}
+
 pugi::xpath_node_set selectNodes(const pugi::xml_node& context, const std::string& expression) {
   return guarded(expression, [&] {
     pugi::xpath_node_set nodes = context.select_nodes(expression.c_str());
@@ -79,6 +86,14 @@ pugi::xpath_node_set selectNodes(const pugi::xml_node& context, const std::strin
 pugi::xpath_node selectSingleNode(const pugi::xml_node& context, const std::string& expression) {
   return guarded(expression, [&] { return context.select_node(expression.c_str()); });
 }
+
+std::string selectText(const pugi::xml_node& context, const std::string& expression) {
+  const pugi::xpath_node found = selectSingleNode(context, expression);
+  if (!found) base::raise(base::errors::objectNotSet);
+  return found.attribute().value();
+}
+
+std::string position(std::int32_t index) { return "[" + std::to_string(std::int64_t{index} + 1) + "]"; }
 
 std::string attributeText(const pugi::xml_node& node, const char* name) {
   const pugi::xml_attribute attribute = node.attribute(name);

@@ -30,12 +30,16 @@ inline std::string textOf(const std::filesystem::path& path) {
 /// Whether there is such a file that is no folder.
 bool fileExists(const std::string& path);
 bool directoryExists(const std::string& path);
+/// Whether this user may make files in a folder.
+bool folderIsWritable(const std::string& path);
 /// Makes one folder; 75 where the name is taken or the place is not writable, 76 where the parent is missing.
 void makeDirectory(const std::string& path);
 /// 53 where there is no such file, 75 where it can't be deleted or is a folder.
 void deleteFile(const std::string& path);
-/// Copies a file over another one, which is at any moment the whole old or the whole new one; fails as
-/// readFile() does for the first and with 75 for the second.
+/// Writes a file of these bytes, which is at any moment the whole old or the whole new one; 75 where it can't
+/// be written.
+void writeFile(const std::string& path, const std::string& bytes);
+/// Copies a file over another one; fails as readFile() does for the first and as writeFile() for the second.
 void copyFile(const std::string& from, const std::string& to);
 /// All bytes of a file; 53 where it is missing, 75 where it can't be read, 76 where its folder is missing.
 std::string readFile(const std::string& path);
@@ -47,6 +51,7 @@ std::vector<std::string> listFolder(const std::string& path);
 std::string temporaryFolder();      ///< $TMPDIR or /tmp
 std::string internetCacheFolder();  ///< $XDG_CACHE_HOME or ~/.cache
 std::string userSettingsFolder();   ///< "vellumark" in $XDG_CONFIG_HOME or ~/.config
+std::string userDataFolder();       ///< "vellumark" in $XDG_DATA_HOME or ~/.local/share
 std::string executablePath();       ///< the running program; 53 where the system doesn't tell
 
 }  // namespace vellumark::platform

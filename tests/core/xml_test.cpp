@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/error.h"
 #include "support/temp_folder.h"
 
 namespace vellumark::core {
@@ -34,6 +35,15 @@ TEST(LoadXml, WhatIsNoDocumentLeavesItEmpty) {
   pugi::xml_document document;
   EXPECT_FALSE(loadXml(document, folder.path("missing.xml")));
   EXPECT_FALSE(loadXml(document, folder.root().string()));
+}
+
+TEST(SaveXml, WritesOneLineOverTheOldFile) {
+  const test::TempFolder folder;
+  pugi::xml_document document;
+  ASSERT_TRUE(parseXml(document, "<?xml version='1.0'?><r a='é &lt; \"'> <b/>\n</r>"));
+  saveXml(document, folder.write("file.xml", "before"));
+  EXPECT_EQ(test::readFile(folder.path("file.xml")), "<r a=\"é &lt; &quot;\"><b/></r>");
+  EXPECT_THROW(saveXml(document, folder.path("file.xml") + "/x.xml"), base::Error);
 }
 
 }  // namespace

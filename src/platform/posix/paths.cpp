@@ -98,6 +98,8 @@ bool directoryExists(const std::string& path) {
   return fs::is_directory(toSystem(path), error);
 }
 
+bool folderIsWritable(const std::string& path) { return access(toSystem(path).c_str(), W_OK | X_OK) == 0; }
+
 void makeDirectory(const std::string& path) {
   const std::string folder = toSystem(path);
   std::error_code error;
@@ -147,6 +149,10 @@ std::string internetCacheFolder() {
 
 std::string userSettingsFolder() {
   return folderInLogicForm(folderOf("XDG_CONFIG_HOME", home() + "/.config") + "vellumark/");
+}
+
+std::string userDataFolder() {
+  return folderInLogicForm(folderOf("XDG_DATA_HOME", home() + "/.local/share") + "vellumark/");
 }
 
 std::string executablePath() {

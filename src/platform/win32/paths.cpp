@@ -56,6 +56,15 @@ bool directoryExists(const std::string& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+bool folderIsWritable(const std::string& path) {
+  const HANDLE folder = CreateFileW(widePath(path).c_str(), FILE_ADD_FILE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  if (folder == INVALID_HANDLE_VALUE) return false;
+  CloseHandle(folder);
+  return true;
+}
+
 void makeDirectory(const std::string& path) {
   if (CreateDirectoryW(widePath(path).c_str(), nullptr)) return;
   const DWORD code = GetLastError();
@@ -120,6 +129,8 @@ std::string temporaryFolder() {
 std::string internetCacheFolder() { return specialFolder(CSIDL_INTERNET_CACHE); }
 
 std::string userSettingsFolder() { return specialFolder(CSIDL_APPDATA) + "Vellumark\\"; }
+
+std::string userDataFolder() { return specialFolder(CSIDL_LOCAL_APPDATA) + "Vellumark\\"; }
 
 std::string executablePath() {
   std::wstring path(MAX_PATH, L'\0');

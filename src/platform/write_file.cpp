@@ -6,9 +6,8 @@
 
 namespace vellumark::platform {
 
-void copyFile(const std::string& from, const std::string& to) {
-  const std::string bytes = readFile(from);
-  const std::string target = toSystem(to);
+void writeFile(const std::string& path, const std::string& bytes) {
+  const std::string target = toSystem(path);
   AtomicFile file(target);
   std::ofstream out(pathOf(file.temporaryPath()), std::ios::binary);
   out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
@@ -19,5 +18,7 @@ void copyFile(const std::string& from, const std::string& to) {
   }
   file.commit();
 }
+
+void copyFile(const std::string& from, const std::string& to) { writeFile(to, readFile(from)); }
 
 }  // namespace vellumark::platform
