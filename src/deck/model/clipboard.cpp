@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "base/error.h"
+#include "deck/drawing/shape_drawing.h"
 #include "deck/model/new_presentation.h"
 #include "deck/model/placeholder_paste.h"
 #include "deck/model/shape_copier.h"
@@ -13,6 +14,7 @@
 #include "deck/model/sheet_copier.h"
 #include "deck/model/slide_copier.h"
 #include "deck/model/units.h"
+#include "platform/clipboard_drawing.h"
 
 namespace vellumark::deck {
 namespace {
@@ -62,7 +64,12 @@ void moveAside(const std::vector<ShapeKey>& copies) {
 
 }  // namespace
 
+Clipboard::~Clipboard() {
+  if (store_) platform::withdrawDrawing();
+}
+
 void Clipboard::start(const DocumentRef& from) {
+  platform::withdrawDrawing();
   shapes_.clear();
   slides_.clear();
   links_.clear();
@@ -116,6 +123,7 @@ void Clipboard::copyShapes(const std::vector<ShapeKey>& shapes) {
   keepLinks(*source.part, copier);
   shapes_ = deck::copyShapes(sorted, store_->sheet(part), copier);
   places_.push_back(source.part);
+  platform::offerDrawing([sorted] { return drawShapes(sorted); });
 }
 
 void Clipboard::copySlides(const DocumentRef& document, const std::vector<std::int32_t>& ids) {

@@ -16,10 +16,15 @@ namespace vellumark::deck {
 /// close.
 class Clipboard {
  public:
+  Clipboard() = default;
+  ~Clipboard();
+  Clipboard(const Clipboard&) = delete;
+  Clipboard& operator=(const Clipboard&) = delete;
+
   bool holdsShapes() const { return !shapes_.empty(); }
   bool holdsSlides() const { return !slides_.empty(); }
 
-  /// Copies shapes of one sheet; none of them may be deleted.
+  /// Copies shapes of one sheet, none of which may be deleted, and offers the system a picture of them.
   void copyShapes(const std::vector<ShapeKey>& shapes);
   void copySlides(const DocumentRef& document, const std::vector<std::int32_t>& ids);
 

@@ -47,19 +47,29 @@ void removeFill(xml_node holder) {
   none.set_name("a:noFill");
 }
 
-/// The nearest element of a kind in the properties of a shape and of the placeholders that it inherits from.
-template <typename Find>
-xml_node inherited(const ShapeKey& shape, Find find) {
-  for (ShapeKey holder = shape; holder.node; holder = inheritedPlaceholder(holder)) {
-    if (const xml_node found = find(visualProperties(holder.node))) return found;
-  }
-  return {};
-}
-
 /// A reference of the shape's style into the theme ("a:fillRef"); nothing where it refers to no place.
 xml_node styleReference(xml_node shape, const char* name) {
   const xml_node reference = shape.child("p:style").child(name);
   return wholeNumber(reference.attribute("idx"), 0, 100'000) > 0 ? reference : xml_node();
+}
+
+/// What a shape, or the nearest of the placeholders that it inherits from, says of its fill or line: an
+/// element of its own properties, or else a reference of its style.
+struct Said {
+  xml_node own;
+  xml_node style;
+};
+template <typename Find>
+Said nearest(const ShapeKey& shape, Find find, const char* reference) {
+  for (ShapeKey holder = shape; holder.node; holder = inheritedPlaceholder(holder)) {
+    if (const xml_node own = find(visualProperties(holder.node))) return {own, {}};
+    if (const xml_node style = styleReference(holder.node, reference)) return {{}, style};
+  }
+  return {};
+}
+std::int32_t visibility(const Said& said) {
+  const bool none = said.own ? std::string_view(said.own.name()) == "a:noFill" : !said.style;
+  return none ? host::msoFalse : host::msoTrue;
 }
 
 /// What fill and line share: the shape that they belong to, and a colour of it.
@@ -102,12 +112,7 @@ class FillFormatObject : public ShapePart<FillFormatObject> {
   }
   using ShapePart::ShapePart;
 
-  std::int32_t visible() {
-    if (const xml_node fill = inherited(shape(), fillOf)) {
-      return std::string_view(fill.name()) == "a:noFill" ? host::msoFalse : host::msoTrue;
-    }
-    return styleReference(shape().node, "a:fillRef") ? host::msoTrue : host::msoFalse;
-  }
+  std::int32_t visible() { return visibility(nearest(shape(), fillOf, "a:fillRef")); }
   /// A shape without a fill gets that of its style, or else the theme's first accent.
   void setVisible(std::int32_t on) {
     if ((on != 0) == (visible() != host::msoFalse)) return;
@@ -128,11 +133,9 @@ class FillFormatObject : public ShapePart<FillFormatObject> {
   host::ObjectRef foreColor() {
     return color(
         [](const ShapeKey& shape) -> ColorPlace::Found {
-          if (const xml_node fill = inherited(shape, fillOf)) {
-            const xml_node first = fill.child("a:gsLst").child("a:gs");
-            return {colorElement(first ? first : fill), {}};
-          }
-          return {colorElement(styleReference(shape.node, "a:fillRef")), {}};
+          const Said fill = nearest(shape, fillOf, "a:fillRef");
+          const xml_node first = fill.own.child("a:gsLst").child("a:gs");
+          return {colorElement(first ? first : fill.own ? fill.own : fill.style), {}};
         },
         [](xml_node node) { return requireVisualProperties(node); });
   }
@@ -152,11 +155,7 @@ class LineFormatObject : public ShapePart<LineFormatObject> {
   }
   using ShapePart::ShapePart;
 
-  std::int32_t visible() {
-    const xml_node fill = inherited(shape(), lineFill);
-    if (fill) return std::string_view(fill.name()) == "a:noFill" ? host::msoFalse : host::msoTrue;
-    return styleReference(shape().node, "a:lnRef") ? host::msoTrue : host::msoFalse;
-  }
+  std::int32_t visible() { return visibility(nearest(shape(), lineFill, "a:lnRef")); }
   /// A shape without an outline gets that of its style, or else one in the colour of text.
   void setVisible(std::int32_t on) {
     if ((on != 0) == (visible() != host::msoFalse)) return;
@@ -177,20 +176,20 @@ class LineFormatObject : public ShapePart<LineFormatObject> {
   host::ObjectRef foreColor() {
     return color(
         [](const ShapeKey& shape) -> ColorPlace::Found {
-          if (const xml_node fill = inherited(shape, lineFill)) return {colorElement(fill), {}};
-          return {colorElement(styleReference(shape.node, "a:lnRef")), {}};
+          const Said fill = nearest(shape, lineFill, "a:lnRef");
+          return {colorElement(fill.own ? fill.own : fill.style), {}};
         },
         [](xml_node node) { return requireLine(node); });
   }
 
   float weight() {
-    const xml_node own = inherited(shape(), [](xml_node properties) {
+    const auto withWidth = [](xml_node properties) {
       const xml_node line = properties.child("a:ln");
       return line.attribute("w") ? line : xml_node();
-    });
-    if (own) return points(own);
-    const xml_node reference = styleReference(shape().node, "a:lnRef");
-    const xml_node themed = themeLine(shape().sheet, wholeNumber(reference.attribute("idx"), 0, 100'000));
+    };
+    const Said line = nearest(shape(), withWidth, "a:lnRef");
+    if (line.own) return points(line.own);
+    const xml_node themed = themeLine(shape().sheet, wholeNumber(line.style.attribute("idx"), 0, 100'000));
     return themed ? points(themed) : toPoints(usualWeight);
   }
   void setWeight(float weight) {

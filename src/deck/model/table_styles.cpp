@@ -80,9 +80,8 @@ std::vector<const char*> partsFor(const ShapeKey& cell) {
   return parts;
 }
 
-}  // namespace
-
-std::vector<xml_node> tableTextStyles(const ShapeKey& cell) {
+/// What the style of its table has under that name for a cell, part by part.
+std::vector<xml_node> stylesFor(const ShapeKey& cell, const char* name) {
   const xml_node id = tableElement(tableOf(cell.node)).child("a:tblPr").child("a:tableStyleId");
   if (!id) return {};
   const PartRef list = stylesPart(*cell.sheet.document);
@@ -91,10 +90,15 @@ std::vector<xml_node> tableTextStyles(const ShapeKey& cell) {
   if (!style) return {};
   std::vector<xml_node> found;
   for (const char* part : partsFor(cell)) {
-    if (const xml_node text = style.child(part).child("a:tcTxStyle")) found.push_back(text);
+    if (const xml_node node = style.child(part).child(name)) found.push_back(node);
   }
   return found;
 }
+
+}  // namespace
+
+std::vector<xml_node> tableTextStyles(const ShapeKey& cell) { return stylesFor(cell, "a:tcTxStyle"); }
+std::vector<xml_node> tableCellStyles(const ShapeKey& cell) { return stylesFor(cell, "a:tcStyle"); }
 
 void bringTableStyles(xml_node tables, Document& from, Document& to) {
   if (&from == &to) return;

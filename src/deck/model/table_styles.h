@@ -17,4 +17,7 @@ void bringTableStyles(pugi::xml_node tables, Document& from, Document& to);
 /// styles that the presentation doesn't list.
 std::vector<pugi::xml_node> tableTextStyles(const ShapeKey& cell);
 
+/// The same for fill and borders: the a:tcStyle of the style's parts.
+std::vector<pugi::xml_node> tableCellStyles(const ShapeKey& cell);
+
 }  // namespace vellumark::deck

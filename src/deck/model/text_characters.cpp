@@ -62,4 +62,25 @@ bool isPunctuation(char16_t character) {
          (character >= 0xFF5B && character <= 0xFF65);
 }
 
+char16_t capitalOf(char16_t character) {
+  struct Range {
+    char16_t first, last;
+    int step;      ///< letters of both cases by turns where it is 2
+    int distance;  ///< from a letter to its capital
+  };
+  constexpr Range ranges[] = {{u'a', u'z', 1, -32},    {u'à', u'ö', 1, -32},     {u'ø', u'þ', 1, -32},
+                              {u'ÿ', u'ÿ', 1, 121},    {0x0101, 0x0137, 2, -1},  {0x013A, 0x0148, 2, -1},
+                              {0x014B, 0x0177, 2, -1}, {0x017A, 0x017E, 2, -1},  {u'ά', u'ά', 1, -38},
+                              {u'έ', u'ί', 1, -37},    {u'α', u'ρ', 1, -32},     {u'ς', u'ς', 1, -31},
+                              {u'σ', u'ϋ', 1, -32},    {u'ό', u'ό', 1, -64},     {u'ύ', u'ώ', 1, -63},
+                              {u'а', u'я', 1, -32},    {0x0450, 0x045F, 1, -80}, {0x0461, 0x0481, 2, -1},
+                              {0x048B, 0x04BF, 2, -1}, {0x1E01, 0x1E95, 2, -1},  {0x1EA1, 0x1EFF, 2, -1}};
+  for (const Range& range : ranges) {
+    if (character < range.first || character > range.last) continue;
+    return (character - range.first) % range.step == 0 ? static_cast<char16_t>(character + range.distance)
+                                                       : character;
+  }
+  return character;
+}
+
 }  // namespace vellumark::deck

@@ -19,4 +19,7 @@ std::string storableName(std::string_view text);
 bool isBlank(char16_t character);
 bool isPunctuation(char16_t character);
 
+/// The capital of a Latin, Greek or Cyrillic letter; every other character as it is.
+char16_t capitalOf(char16_t character);
+
 }  // namespace vellumark::deck

@@ -99,6 +99,7 @@ class TextLayout::ParagraphBuilder {
           spacing(styles_.paragraphChild(own_, isNamed<spaceBeforeName>), firstSize() * lineSpacing, 0) *
           reduction_;
     }
+    layout_.openings_.push_back({layout_.lines_.size(), first_, firstSize()});
     startLine(paragraph_.span.start, true);
     for (const TextPiece& piece : paragraph_.pieces) {
       if (named(piece.node, "a:br")) {
@@ -125,7 +126,7 @@ class TextLayout::ParagraphBuilder {
                      scale_;
   }
   std::u16string_view text(TextSpan span) const {
-    return std::u16string_view(layout_.body_.text()).substr(span.start, span.length);
+    return std::u16string_view(layout_.shown_).substr(span.start, span.length);
   }
 
   void startLine(std::size_t start, bool isFirst) {
@@ -250,6 +251,7 @@ class TextLayout::ParagraphBuilder {
     line_.height =
         spacing(styles_.paragraphChild(own_, isNamed<lineSpacingName>), single, single) * reduction_;
     line_.top = layout_.height_;
+    line_.size = size_;
     layout_.height_ += line_.height;
     align();
     layout_.lines_.push_back(std::move(line_));
@@ -265,6 +267,7 @@ class TextLayout::ParagraphBuilder {
     const double share = alignment == "ctr" ? 0.5 : alignment == "r" ? 1 : 0;
     const double shift = ((std::isfinite(available_) ? available_ : 0) - end) * share;
     for (Fragment& fragment : line_.fragments) fragment.left += shift;
+    line_.shift = shift;
   }
 
   static constexpr double tolerance = 0.01;
@@ -291,12 +294,15 @@ class TextLayout::ParagraphBuilder {
   std::size_t pendingFrom_ = 0;  ///< the fragment behind the tab that is not settled yet; 0 for none
 };
 
-TextLayout::TextLayout(const ShapeKey& shape) : body_(shape) {
+TextLayout::TextLayout(const ShapeKey& shape) : body_(shape), shown_(body_.text()) {
   const TextArea area = textArea(shape);
   const auto margin = [&](BoxProperty side) { return toPoints(boxMargin(shape, side)); };
-  box_ = {area.left + margin(BoxProperty::marginLeft), area.top + margin(BoxProperty::marginTop),
+  box_ = {area.left + margin(BoxProperty::marginLeft),
+          area.top + margin(BoxProperty::marginTop),
           area.width - margin(BoxProperty::marginLeft) - margin(BoxProperty::marginRight),
-          area.height - margin(BoxProperty::marginTop) - margin(BoxProperty::marginBottom), isUpright(shape)};
+          area.height - margin(BoxProperty::marginTop) - margin(BoxProperty::marginBottom),
+          isUpright(shape),
+          std::string_view(boxProperty(shape, BoxProperty::direction).value()) == "vert270"};
   const bool wraps = wrapsText(shape);
   const double along = box_.upright ? box_.height : box_.width;
   const double available = wraps ? std::max(along, 1.0) : std::numeric_limits<double>::infinity();
@@ -311,9 +317,17 @@ TextLayout::TextLayout(const ShapeKey& shape) : body_(shape) {
       level = own;
       styles.emplace(shape, level);
     }
+    capitalize(paragraph, *styles);
     ParagraphBuilder(*this, shape, paragraph, *styles, scale, reduction, available).build(lines_.empty());
   }
   place(shape);
+}
+
+void TextLayout::capitalize(const TextParagraph& paragraph, const LevelStyles& styles) {
+  for (const TextPiece& piece : paragraph.pieces) {
+    if (std::string_view(styles.run(piece.node.child("a:rPr"), "cap").value()) != "all") continue;
+    for (std::size_t i = piece.span.start; i < piece.span.end(); ++i) shown_[i] = capitalOf(shown_[i]);
+  }
 }
 
 /// Brings the block of lines to its place in the box. Lines that aren't wrapped stand beside a point of the
@@ -334,7 +348,7 @@ void TextLayout::place(const ShapeKey& shape) {
 TextBounds TextLayout::bounds(TextSpan span) const {
   constexpr double far = std::numeric_limits<double>::infinity();
   double left = far, right = -far, top = far, bottom = -far;
-  const std::u16string_view all = body_.text();
+  const std::u16string_view all = shown_;
   const auto include = [&](const Line& line, double from, double to) {
     left = std::min(left, from);
     right = std::max(right, to);
@@ -373,6 +387,38 @@ TextBounds TextLayout::bounds(TextSpan span) const {
     return {box_.left + shiftY_ + top, box_.top + shiftX_ + left, bottom - top, right - left};
   }
   return {box_.left + shiftX_ + left, box_.top + shiftY_ + top, right - left, bottom - top};
+}
+
+/// What a line is higher or lower than a single one lies above its characters.
+double TextLayout::baselineOf(const Line& line) const {
+  return shiftY_ + line.top + line.height - line.size * lineDescent;
+}
+
+std::vector<TextLayout::Stretch> TextLayout::stretches() const {
+  std::vector<Stretch> all;
+  for (const Line& line : lines_) {
+    for (const Fragment& fragment : line.fragments) {
+      all.push_back({fragment.span, fragment.face, fragment.size, shiftX_ + fragment.left, baselineOf(line),
+                     fragment.width});
+    }
+  }
+  return all;
+}
+
+std::vector<TextLayout::Start> TextLayout::starts() const {
+  std::vector<Start> all;
+  for (std::size_t i = 0; i < openings_.size(); ++i) {
+    const Opening& opening = openings_[i];
+    const Line& line = lines_[opening.line];
+    all.push_back({i, shiftX_ + opening.indent + line.shift, baselineOf(line), opening.size});
+  }
+  return all;
+}
+
+platform::Affine TextLayout::toSlide() const {
+  if (!box_.upright) return platform::Affine::moved(box_.left, box_.top);
+  if (box_.upward) return {0, 1, box_.left, -1, 0, box_.top + box_.height};
+  return {0, -1, box_.left + box_.width, 1, 0, box_.top};
 }
 
 }  // namespace vellumark::deck

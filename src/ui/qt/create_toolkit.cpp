@@ -1,4 +1,5 @@
-// What the program finds in the module: a toolkit for the display.
+// What the program finds in the module: a toolkit for the display, and a painter of pictures, which needs
+// none.
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -8,6 +9,7 @@
 #include <cstdio>
 
 #include "base/error.h"
+#include "ui/qt/drawing_painter.h"
 #include "ui/qt/qt_toolkit.h"
 
 namespace {
@@ -39,4 +41,10 @@ extern "C" vellumark::ui::Toolkit* vellumark_create_qt_toolkit() {
   }
   static vellumark::ui::QtToolkit toolkit;
   return &toolkit;
+}
+
+/// The PngPainter.
+extern "C" bool vellumark_paint_png(const vellumark::platform::Drawing& drawing,
+                                    const vellumark::ui::PngFile& file) {
+  return vellumark::ui::qt::paintPng(drawing, file);
 }

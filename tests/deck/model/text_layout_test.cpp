@@ -57,6 +57,32 @@ TEST_F(TextLayoutTest, LinesBreakBetweenWordsAndInLongOnes) {
   EXPECT_NEAR(text("words").BoundWidth(), 3 * 44.5 + 2 * 5.6, 0.6);
 }
 
+TEST_F(TextLayoutTest, CapitalsAreAsWideAsTheyAreShown) {
+  const auto box = [](const std::string& text, const std::string& format) {
+    return "<p:sp><p:nvSpPr><p:cNvPr id='" + std::to_string(format.empty() ? 51 : 50) + "' name='" +
+           (format.empty() ? "plain" : "capitals") +
+           "'/><p:cNvSpPr txBox='1'/><p:nvPr/></p:nvSpPr><p:spPr><a:xfrm><a:off x='0' y='0'/><a:ext "
+           "cx='9000000' "
+           "cy='500000'/></a:xfrm><a:prstGeom prst='rect'/></p:spPr><p:txBody><a:bodyPr/><a:p><a:r><a:rPr " +
+           format + "/><a:t>" + text + "</a:t></a:r></a:p></p:txBody></p:sp>";
+  };
+  const std::pair<const char*, const char*> cases[] = {{"mixed Text 12", "MIXED TEXT 12"},
+                                                       {"äéžþÿ ß÷", "ÄÉŽÞŸ ß÷"},
+                                                       {"αβγ ός", "ΑΒΓ ΌΣ"},
+                                                       {"жук ёж", "ЖУК ЁЖ"}};
+  for (const auto& [small, large] : cases) {
+    deck = DeckBuilder();
+    deck.slide().xml(box(small, "cap='all'"));
+    deck.slide().xml(box(large, ""));
+    open();
+    const auto width = [&](int slide, const char* name) {
+      return shapes(slide).Item(std::string(name)).TextFrame().TextRange().BoundWidth();
+    };
+    EXPECT_FLOAT_EQ(width(1, "capitals"), width(2, "plain")) << small;
+    EXPECT_EQ(text("capitals").Text(), small) << "the text itself stays";
+  }
+}
+
 TEST_F(TextLayoutTest, ShapesFollowEveryChangeOfTheirText) {
   deck.slide().textBox(100, 100, 114.4, 20, "aaaa", {.size = 20, .font = "Arial"}).named("A").fitToText();
   open();
