@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <pugixml.hpp>
 
 #include "support/saved_decks.h"
@@ -28,6 +29,13 @@ DeckBuilder fullDeck() {
   first.connector("straightConnector1", 200, 200, 100, 100).line("accent2", 2).dash("dash").arrowHead();
   first.table(300, 100, 300, 60, {{"a", "b"}, {"c", ""}}).cell(0, -1, {.bold = true}, "bg2").rule(-1, "tx2");
   first.freeform(10, 200, 80, 60, {{0, 0}, {80, 0}, {40, 60}}).fill("accent3").noLine();
+  first.path(100, 200, 60, 60, {{0, 60}, {.radius = 60, .start = 180, .sweep = 90}, {60, 60}})
+      .fill("bg1 darker 15");
+  first.shape("rect", 400, 20, 20, 50).fill("accent1 lighter 80 opaque 50").upright().text("up");
+  first.table(300, 180, 300, 30, {{"a", "b"}})
+      .border(0, -1, "LRT", "tx1")
+      .border(0, 0, "L", "")
+      .cellInsets(0, 1, 9, 0, 0, 0);
   first.chart(300, 250, 300, 200, {{"North", 3.5}, {"South", 4}}).tag("chart", "1");
   first.shape("ellipse", 100, 250, 40, 40).hidden().alternateContent();
   first.shape("star5", 150, 250, 40, 40).alternateContent(false).tag("star", "yes");
@@ -64,6 +72,36 @@ TEST(DeckBuilder, writesFramesInEmu) {
   const auto line = slide.select_node("//p:cxnSp/p:spPr/a:xfrm").node();
   EXPECT_TRUE(line.attribute("flipH").as_bool() && line.attribute("flipV").as_bool())
       << "drawn from right bottom";
+}
+
+/// Where the ends of an elbow lie: turned and mirrored as its frame says.
+std::array<double, 4> endsOf(const pugi::xml_node& transform) {
+  const auto points = [&](const char* child, const char* name) {
+    return transform.child(child).attribute(name).as_double() / 12700;
+  };
+  const double half = points("a:ext", "cx") / 2, halfHeight = points("a:ext", "cy") / 2;
+  const double x = points("a:off", "x") + half, y = points("a:off", "y") + halfHeight;
+  const double start = transform.attribute("flipH").as_bool() ? half : -half;
+  const double turn = transform.attribute("rot").as_int() == 5400000 ? 1 : -1;  // else three quarters
+  return {x + turn * halfHeight, y + turn * start, x - turn * halfHeight, y - turn * start};
+}
+
+TEST(DeckBuilder, drawsElbowsDownwardsFromPointToPoint) {
+  for (const double aside : {-200.0, 30.0, 120.0}) {
+    DeckBuilder deck;
+    auto slide = deck.slide();
+    const auto from = slide.shape("rect", 280, 50, 40, 50),
+               to = slide.shape("rect", 280 + aside, 180, 40, 50);
+    slide.elbowDown(300, 100, 300 + aside, 180).glue(from, 2, to, 0);
+    pugi::xml_document written;
+    written.load_string(readZip(deck.bytes()).at("ppt/slides/slide1.xml").bytes.c_str());
+    const auto elbow = written.select_node("//p:cxnSp").node();
+    EXPECT_EQ((std::array{300.0, 100.0, 300 + aside, 180.0}),
+              endsOf(elbow.select_node("p:spPr/a:xfrm").node()));
+    EXPECT_EQ(from.id(), elbow.select_node(".//a:stCxn/@id").attribute().as_int());
+    EXPECT_EQ(to.id(), elbow.select_node(".//a:endCxn/@id").attribute().as_int());
+    EXPECT_EQ(2, elbow.select_node(".//a:stCxn/@idx").attribute().as_int());
+  }
 }
 
 TEST(DeckBuilder, leavesNoUsualPrefixWhenAskedForOthers) {

@@ -35,6 +35,17 @@ void appendParagraphs(ShapeData& shape, const std::string& text, const TextStyle
   shape.hasText = true;
 }
 
+/// The cells of a row and a column, of all of them where it is -1.
+std::vector<Cell*> chosenCells(ShapeData& table, int row, int column) {
+  std::vector<Cell*> chosen;
+  for (int r = 0; r < static_cast<int>(table.cells.size()); ++r) {
+    for (int c = 0; c < static_cast<int>(table.cells[r].size()); ++c) {
+      if ((row == -1 || row == r) && (column == -1 || column == c)) chosen.push_back(&table.cells[r][c]);
+    }
+  }
+  return chosen;
+}
+
 /// The last shape of a tree: the one that add() has just made.
 ShapeData& last(const std::shared_ptr<TreeData>& tree) { return *tree->shapes.back(); }
 
@@ -127,6 +138,11 @@ ShapeBuilder ShapeBuilder::fitToText() const {
   return *this;
 }
 
+ShapeBuilder ShapeBuilder::upright() const {
+  data_->upright = true;
+  return *this;
+}
+
 ShapeBuilder ShapeBuilder::fill(const std::string& color) const {
   data_->fill = color;
   return *this;
@@ -156,6 +172,12 @@ ShapeBuilder ShapeBuilder::dash(const std::string& preset) const {
 ShapeBuilder ShapeBuilder::arrowHead() const {
   if (!data_->outline) data_->outline.emplace();
   data_->outline->arrowHead = true;
+  return *this;
+}
+
+ShapeBuilder ShapeBuilder::glue(const ShapeBuilder& from, int fromSite, const ShapeBuilder& to,
+                                int toSite) const {
+  data_->glue = {{from.id(), fromSite}, {to.id(), toSite}};
   return *this;
 }
 
@@ -191,19 +213,29 @@ ShapeBuilder ShapeBuilder::rowHeights(std::vector<double> heights) const {
 }
 
 ShapeBuilder ShapeBuilder::cell(int row, int column, const TextStyle& style, const std::string& fill) const {
-  for (int r = 0; r < static_cast<int>(data_->cells.size()); ++r) {
-    for (int c = 0; c < static_cast<int>(data_->cells[r].size()); ++c) {
-      if ((row != -1 && row != r) || (column != -1 && column != c)) continue;
-      data_->cells[r][c].style = style;
-      data_->cells[r][c].fill = fill;
-    }
+  for (Cell* cell : chosenCells(*data_, row, column)) {
+    cell->style = style;
+    cell->fill = fill;
   }
   return *this;
 }
 
+ShapeBuilder ShapeBuilder::cellInsets(int row, int column, double left, double top, double right,
+                                      double bottom) const {
+  for (Cell* cell : chosenCells(*data_, row, column)) cell->insets = {left, top, right, bottom};
+  return *this;
+}
+
 ShapeBuilder ShapeBuilder::rule(int row, const std::string& color, double width) const {
-  for (int r = 0; r < static_cast<int>(data_->cells.size()); ++r) {
-    if (row == -1 || row == r) data_->rules[r] = {color, width};
+  return border(row, -1, "B", color, width);
+}
+
+ShapeBuilder ShapeBuilder::border(int row, int column, const std::string& edges, const std::string& color,
+                                  double width) const {
+  for (Cell* cell : chosenCells(*data_, row, column)) {
+    for (const char edge : edges) {
+      cell->borders[edge] = {.none = color.empty(), .color = color, .width = width};
+    }
   }
   return *this;
 }
@@ -243,6 +275,17 @@ ShapeBuilder ShapeTree::connector(const std::string& preset, double x1, double y
   return builder;
 }
 
+ShapeBuilder ShapeTree::elbowDown(double x1, double y1, double x2, double y2) const {
+  if (x1 == x2) return connector("straightConnector1", x1, y1, x2, y2);
+  // The preset runs across, down and across: it is drawn lying and turned, to the other side as its mirror
+  // image.
+  const double down = y2 - y1, across = std::abs(x2 - x1);
+  const auto elbow = connector("bentConnector3", 0, 0, 0, 0)
+                         .frame((x1 + x2 - down) / 2, (y1 + y2 - across) / 2, down, across)
+                         .rotate(x2 < x1 ? 90 : 270);
+  return x2 < x1 ? elbow : elbow.flipHorizontally();
+}
+
 ShapeBuilder ShapeTree::group(double x, double y, double width, double height) const {
   const auto builder = add(tree_, ShapeKind::group, "Group", Frame{x, y, width, height});
   last(tree_).children = std::make_shared<TreeData>();
@@ -256,7 +299,7 @@ ShapeBuilder ShapeTree::table(double x, double y, double width, double height,
   const auto builder = add(tree_, ShapeKind::table, "Table", Frame{x, y, width, height});
   for (const auto& row : cells) {
     auto& target = last(tree_).cells.emplace_back();
-    for (const auto& text : row) target.push_back({text, {}, {}});
+    for (const auto& text : row) target.push_back({.text = text, .style = {}, .fill = {}});
   }
   return builder
       .columnWidths(std::vector(cells.front().size(), width / static_cast<double>(cells.front().size())))
@@ -266,9 +309,16 @@ ShapeBuilder ShapeTree::table(double x, double y, double width, double height,
 ShapeBuilder ShapeTree::freeform(double x, double y, double width, double height,
                                  const std::vector<std::pair<double, double>>& corners, bool closed) const {
   const auto builder = add(tree_, ShapeKind::freeform, "Freeform", Frame{x, y, width, height});
-  last(tree_).corners = corners;
+  for (const auto& [cornerX, cornerY] : corners) last(tree_).path.push_back({.x = cornerX, .y = cornerY});
   last(tree_).closed = closed;
   last(tree_).hasText = true;
+  return builder;
+}
+
+ShapeBuilder ShapeTree::path(double x, double y, double width, double height,
+                             const std::vector<PathStep>& steps) const {
+  const auto builder = freeform(x, y, width, height, {});
+  last(tree_).path = steps;
   return builder;
 }
 

@@ -27,7 +27,7 @@ struct TreeData;
 struct LayoutData;
 
 /// How text looks. What is left out is inherited. A colour is "1F3864" or a name of the theme ("accent1",
-/// "tx1").
+/// "tx1"), which percentages may follow: "accent1 lighter 80", "bg1 darker 15", "accent2 opaque 60".
 struct TextStyle {
   double size = 0;  ///< points
   bool bold = false;
@@ -51,6 +51,13 @@ struct Theme {
   std::string body = "Arial";
   TextStyle title = {.size = 36, .color = "tx1"};
   double bodySize = 24;  ///< of the first level; each deeper level is 2 points smaller, down to 12
+};
+
+/// One step of a path: a line to a point or, with a radius, an arc of a circle from where the path has come
+/// to.
+struct PathStep {
+  double x = 0, y = 0;                      ///< points from the frame's left top corner
+  double radius = 0, start = 0, sweep = 0;  ///< angles clockwise from the right
 };
 
 /// One shape, whatever its kind. Setters return the same shape.
@@ -82,6 +89,7 @@ class ShapeBuilder {
                       double bottom) const;  ///< of a table: of each cell
   ShapeBuilder noWrap() const;
   ShapeBuilder fitToText() const;  ///< the shape's height follows the text
+  ShapeBuilder upright() const;    ///< the text runs from the bottom up
 
   ShapeBuilder fill(const std::string& color) const;
   ShapeBuilder noFill() const;
@@ -89,6 +97,10 @@ class ShapeBuilder {
   ShapeBuilder noLine() const;
   ShapeBuilder dash(const std::string& preset) const;  ///< "dash", "sysDot", ...
   ShapeBuilder arrowHead() const;                      ///< at the end of a line
+
+  /// Connectors only: glues the ends to connection sites of two shapes, which count from 0. It stays as
+  /// drawn.
+  ShapeBuilder glue(const ShapeBuilder& from, int fromSite, const ShapeBuilder& to, int toSite) const;
 
   /// Wraps the shape in mc:AlternateContent. Where `understood`, its choice needs a known extension and holds
   /// this shape, the fallback a plain rectangle with " fallback" behind the name; otherwise the choice needs
@@ -108,6 +120,10 @@ class ShapeBuilder {
   ShapeBuilder tableStyle(const std::string& id, std::vector<std::string> flags) const;
   ShapeBuilder cell(int row, int column, const TextStyle& style, const std::string& fill = {}) const;
   ShapeBuilder rule(int row, const std::string& color, double width = 0.75) const;  ///< a line below that row
+  ShapeBuilder cellInsets(int row, int column, double left, double top, double right, double bottom) const;
+  /// Lines at the edges "L", "R", "T" or "B" of cells, several at once; an empty colour: none.
+  ShapeBuilder border(int row, int column, const std::string& edges, const std::string& color,
+                      double width = 0.75) const;
 
  private:
   std::shared_ptr<ShapeData> data_;
@@ -126,12 +142,17 @@ class ShapeTree {
                        const std::string& color = "2F5D8C") const;
   /// A line from one point to another: "line", "straightConnector1", "bentConnector3", ...
   ShapeBuilder connector(const std::string& preset, double x1, double y1, double x2, double y2) const;
+  /// An elbow that leaves one point downwards and comes down on another.
+  ShapeBuilder elbowDown(double x1, double y1, double x2, double y2) const;
   ShapeBuilder group(double x, double y, double width, double height) const;
   ShapeBuilder table(double x, double y, double width, double height,
                      const std::vector<std::vector<std::string>>& cells) const;
   /// A polygon; its corners in points from the frame's left top corner.
   ShapeBuilder freeform(double x, double y, double width, double height,
                         const std::vector<std::pair<double, double>>& corners, bool closed = true) const;
+  /// The same with arcs; it is closed.
+  ShapeBuilder path(double x, double y, double width, double height,
+                    const std::vector<PathStep>& steps) const;
   /// A placeholder, without a frame of its own (it has that of layout or master) until frame() gives it one.
   ShapeBuilder placeholder(const std::string& type, int index = 0) const;
   /// A bar chart with one series.

@@ -34,11 +34,13 @@ struct Cell {
   std::string text;
   TextStyle style;
   std::string fill;
+  std::optional<std::array<double, 4>> insets = {};  ///< instead of those of the table
+  std::map<char, Outline> borders = {};              ///< by their edges: 'L', 'R', 'T', 'B'
 };
 
-struct Rule {
-  std::string color;
-  double width;
+/// What the end of a connector is glued to.
+struct Glue {
+  int shape, site;
 };
 
 using Tags = std::vector<std::pair<std::string, std::string>>;
@@ -73,17 +75,18 @@ struct ShapeData {
   std::vector<int> adjustments;
   std::optional<std::string> fill;  ///< empty text: no fill
   std::optional<Outline> outline;
+  std::vector<Glue> glue;  ///< of a connector: none, or of both ends
 
   bool hasText = false;  ///< whether a text body is written, though it may be empty
   std::vector<Paragraph> paragraphs;
   std::string anchor;
   std::optional<std::array<double, 4>> insets;
-  bool wrap = true, fitToText = false;
+  bool wrap = true, fitToText = false, upright = false;
 
   std::string placeholderType;
   int placeholderIndex = 0;
   std::string pictureColor;
-  std::vector<std::pair<double, double>> corners;
+  std::vector<PathStep> path;
   bool closed = true;
   std::vector<std::pair<std::string, double>> bars;
   std::string xml;
@@ -95,7 +98,6 @@ struct ShapeData {
   std::vector<double> columnWidths, rowHeights;
   std::string tableStyleId;
   std::vector<std::string> tableFlags{"firstRow"};
-  std::map<int, Rule> rules;
 };
 
 struct TreeData {

@@ -5,11 +5,14 @@
 // The company and all figures in them are invented.
 
 #include <exception>
+#include <fstream>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "decks/deck_builder.h"
+#include "decks/templates.h"
 
 namespace vellumark::samples {
 namespace {
@@ -516,6 +519,11 @@ int main(int argc, char** argv) {
     for (const char* size : {"", " Wide"}) {
       vellumark::samples::saveNotices(styles + "Vellumark Blue" + size, "44546A");
       vellumark::samples::saveNotices(styles + "Vellumark Grey" + size, "595959");
+    }
+    for (const auto& [path, bytes] : vellumark::samples::templates()) {
+      std::ofstream out(styles + path, std::ios::binary);
+      out << bytes;
+      if (!out.flush()) throw std::runtime_error(styles + path + ": can't be written");
     }
   } catch (const std::exception& failure) {
     std::cerr << "make_samples: " << failure.what() << "\n";

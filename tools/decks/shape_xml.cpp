@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 #include <stdexcept>
 
 #include "decks/xml_add.h"
@@ -14,7 +15,20 @@ using pugi::xml_node;
 void appendColor(xml_node parent, const std::string& color) {
   const bool rgb =
       color.size() == 6 && color.find_first_not_of("0123456789ABCDEFabcdef") == std::string::npos;
-  add(parent, rgb ? "a:srgbClr" : "a:schemeClr", {{"val", color}});
+  if (rgb) {
+    add(parent, "a:srgbClr", {{"val", color}});
+    return;
+  }
+  std::istringstream words(color);
+  std::string name, how;
+  words >> name;
+  const xml_node node = add(parent, "a:schemeClr", {{"val", name}});
+  for (int percent = 0; words >> how >> percent;) {
+    const bool lighter = how == "lighter";
+    if (lighter || how == "darker") add(node, "a:lumMod", {{"val", (100 - percent) * 1000}});
+    if (lighter) add(node, "a:lumOff", {{"val", percent * 1000}});
+    if (how == "opaque") add(node, "a:alpha", {{"val", percent * 1000}});
+  }
 }
 
 void appendTransform(xml_node parent, const char* name, const ShapeData& shape) {
@@ -41,15 +55,23 @@ void appendPresetGeometry(xml_node parent, const ShapeData& shape) {
   }
 }
 
-void appendPolygon(xml_node parent, const ShapeData& shape) {
+void appendPath(xml_node parent, const ShapeData& shape) {
   const xml_node geometry = add(parent, "a:custGeom");
   for (const char* list : {"a:avLst", "a:gdLst", "a:ahLst", "a:cxnLst"}) add(geometry, list);
   add(geometry, "a:rect", {{"l", "l"}, {"t", "t"}, {"r", "r"}, {"b", "b"}});
   const xml_node path = add(add(geometry, "a:pathLst"), "a:path",
                             {{"w", emu(shape.frame->width)}, {"h", emu(shape.frame->height)}});
   bool first = true;
-  for (const auto& [x, y] : shape.corners) {
-    add(add(path, first ? "a:moveTo" : "a:lnTo"), "a:pt", {{"x", emu(x)}, {"y", emu(y)}});
+  for (const PathStep& step : shape.path) {
+    if (step.radius > 0) {
+      add(path, "a:arcTo",
+          {{"wR", emu(step.radius)},
+           {"hR", emu(step.radius)},
+           {"stAng", std::llround(step.start * 60000)},
+           {"swAng", std::llround(step.sweep * 60000)}});
+    } else {
+      add(add(path, first ? "a:moveTo" : "a:lnTo"), "a:pt", {{"x", emu(step.x)}, {"y", emu(step.y)}});
+    }
     first = false;
   }
   if (shape.closed) add(path, "a:close");
@@ -67,7 +89,7 @@ void appendProperties(xml_node parent, const ShapeData& shape) {
   const xml_node properties = add(parent, "p:spPr");
   appendTransform(properties, "a:xfrm", shape);
   if (shape.kind == ShapeKind::freeform) {
-    appendPolygon(properties, shape);
+    appendPath(properties, shape);
   } else if (shape.kind != ShapeKind::placeholder) {
     appendPresetGeometry(properties, shape);
   }
@@ -154,19 +176,20 @@ void appendSlideNumber(xml_node body, const std::vector<Paragraph>& paragraphs) 
 }
 
 /// A margin of the text: left, top, right, bottom; empty where none is told.
-std::string inset(const ShapeData& shape, int side) {
-  return shape.insets ? std::to_string(emu((*shape.insets)[side])) : "";
+std::string inset(const std::optional<std::array<double, 4>>& insets, int side) {
+  return insets ? std::to_string(emu((*insets)[side])) : "";
 }
 
 void appendText(xml_node parent, const ShapeData& shape) {
   if (!shape.hasText) return;
   const xml_node body = add(parent, "p:txBody");
   const xml_node properties = add(body, "a:bodyPr",
-                                  {{"wrap", shape.wrap ? "" : "none"},
-                                   {"lIns", inset(shape, 0)},
-                                   {"tIns", inset(shape, 1)},
-                                   {"rIns", inset(shape, 2)},
-                                   {"bIns", inset(shape, 3)},
+                                  {{"vert", shape.upright ? "vert270" : ""},
+                                   {"wrap", shape.wrap ? "" : "none"},
+                                   {"lIns", inset(shape.insets, 0)},
+                                   {"tIns", inset(shape.insets, 1)},
+                                   {"rIns", inset(shape.insets, 2)},
+                                   {"bIns", inset(shape.insets, 3)},
                                    {"anchor", shape.anchor}});
   if (shape.fitToText) add(properties, "a:spAutoFit");
   add(body, "a:lstStyle");
@@ -235,6 +258,9 @@ class TreeWriter {
          {"descr", shape.description},
          {"hidden", shape.hidden ? "1" : ""}});
     xml_node kind = add(identity, kindName, {{"txBox", shape.kind == ShapeKind::textBox ? "1" : ""}});
+    for (std::size_t i = 0; i < shape.glue.size(); ++i) {
+      add(kind, i == 0 ? "a:stCxn" : "a:endCxn", {{"id", shape.glue[i].shape}, {"idx", shape.glue[i].site}});
+    }
     if (shape.kind == ShapeKind::placeholder) add(kind, "a:spLocks", {{"noGrp", 1}});
     if (shape.kind == ShapeKind::picture) add(kind, "a:picLocks", {{"noChangeAspect", 1}});
     if (shape.kind == ShapeKind::table) add(kind, "a:graphicFrameLocks", {{"noGrp", 1}});
@@ -291,7 +317,6 @@ class TreeWriter {
     for (const double width : shape.columnWidths) add(grid, "a:gridCol", {{"w", emu(width)}});
     for (std::size_t r = 0; r < shape.cells.size(); ++r) {
       const xml_node row = add(table, "a:tr", {{"h", emu(shape.rowHeights.at(r))}});
-      const auto rule = shape.rules.find(static_cast<int>(r));
       for (const Cell& cell : shape.cells[r]) {
         const xml_node node = add(row, "a:tc");
         const xml_node body = add(node, "a:txBody");
@@ -300,15 +325,18 @@ class TreeWriter {
         Paragraph paragraph{cell.style, {}};
         if (!cell.text.empty()) paragraph.runs.push_back({cell.text, cell.style});
         appendParagraphs(body, {paragraph}, "");
+        const auto& insets = cell.insets ? cell.insets : shape.insets;
         const xml_node properties = add(node, "a:tcPr",
-                                        {{"marL", inset(shape, 0)},
-                                         {"marR", inset(shape, 2)},
-                                         {"marT", inset(shape, 1)},
-                                         {"marB", inset(shape, 3)},
+                                        {{"marL", inset(insets, 0)},
+                                         {"marR", inset(insets, 2)},
+                                         {"marT", inset(insets, 1)},
+                                         {"marB", inset(insets, 3)},
                                          {"anchor", "ctr"}});
-        if (rule != shape.rules.end()) {
-          appendOutline(properties, "a:lnB",
-                        Outline{.color = rule->second.color, .width = rule->second.width});
+        for (const char edge : {'L', 'R', 'T', 'B'}) {
+          const auto border = cell.borders.find(edge);
+          if (border != cell.borders.end()) {
+            appendOutline(properties, (std::string("a:ln") + edge).c_str(), border->second);
+          }
         }
         if (!cell.fill.empty()) appendSolidFill(properties, cell.fill);
       }
