@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "core/message.h"
+#include "library/my_elements.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::commands {
@@ -38,6 +39,10 @@ constexpr Command split(std::int16_t id, std::int16_t secondId, const char* meth
 constexpr Command toggle(std::int16_t id, const char* method, const char* label) {
   return {id, 0, method, label, nullptr, textShapes, textShapes, true};
 }
+constexpr Command routine(std::int16_t id, const char* name, const char* label, const char* counter,
+                          void (*work)()) {
+  return {id, 0, name, label, counter, always, always, false, work};
+}
 
 constexpr Command table[] = {
     split(1002, 1010, "about", "Info", nullptr, always, always),
@@ -53,8 +58,8 @@ constexpr Command table[] = {
     row(1020, "disconnectAgendaSlides", "Disconnect selected agenda slides from Agenda Wizard", agenda,
         always),
     row(1021, "agendaUpdatePagenumbers", "", agenda, always),
-    row(1028, "addMyElements", "Add selection to My Elements", elements, always),
-    row(1029, "manageMyElements", "Manage My Elements", elements, always),
+    routine(1028, "addMyElements", "Add selection to My Elements", elements, library::addMyElements),
+    routine(1029, "manageMyElements", "Manage My Elements", elements, library::manageMyElements),
     row(1032, "alignLefts", "Align left to master left", trimline, twoShapes),
     row(1033, "alignCenters", "Align center to master center", trimline, twoShapes),
     row(1034, "alignRights", "Align right to master right", trimline, twoShapes),
@@ -150,7 +155,7 @@ std::string Rule::text() const {
   return parts.empty() ? "always" : base::join(parts, ", ");
 }
 
-bool Command::inThisBuild() const { return TrimlineTools::hasMethod(method); }
+bool Command::inThisBuild() const { return routine || TrimlineTools::hasMethod(method); }
 
 std::span<const Command> commandTable() { return table; }
 
@@ -197,7 +202,12 @@ ToolbarCall::ToolbarCall(std::string_view parameter) {
 
 void runMethod(const std::string& method, const std::optional<std::string>& argument) {
   const Command* command = findCommand(method);
-  if (command && !TrimlineTools::hasMethod(method)) {
+  if (command && command->routine) {
+    if (argument) base::raise(base::errors::wrongArgumentCount);
+    command->routine();
+    return;
+  }
+  if (command && !command->inThisBuild()) {
     const std::string name = *command->label ? command->label : command->method;
     core::message("\"" + name + "\" is not in this build yet.", ui::Icon::information);
     return;

@@ -46,8 +46,9 @@ struct Command {
   const char* label;    ///< caption on toolbars; empty where only the ribbon has it
   const char* counter;  ///< nullptr counts nothing
   Rule rule;
-  Rule secondRule;      ///< of secondId
-  bool toggle = false;  ///< a toggle button of the ribbon, which sets the host's property itself
+  Rule secondRule;              ///< of secondId
+  bool toggle = false;          ///< a toggle button of the ribbon, which sets the host's property itself
+  void (*routine)() = nullptr;  ///< what does it, where that is no method of the Trimline Tools
 
   /// Whether its work is part of this program yet.
   bool inThisBuild() const;

@@ -7,8 +7,8 @@
 
 namespace vellumark::core {
 
-std::string ribbonTemplatePath(const std::string& file) {
-  return globals().stylesFolder + globals().currentStyle + "\\" + file;
+std::string ribbonTemplatePath(const std::string& style, const std::string& file) {
+  return globals().stylesFolder + style + "\\" + file;
 }
 
 std::string toolbarTemplatePath(const std::string& styleFolder, const std::string& file) {

@@ -9,9 +9,9 @@ namespace vellumark::core {
 /// The presentation's tag with the name of the style that was chosen for it.
 inline constexpr const char* styleTag = "zorp_style";
 
-/// A template of the current style as ribbon galleries and thumbnails find it: the style's name serves as the
-/// name of its folder.
-std::string ribbonTemplatePath(const std::string& file);
+/// A template of a style as ribbon galleries and thumbnails find it: the style's name serves as the name of
+/// its folder.
+std::string ribbonTemplatePath(const std::string& style, const std::string& file);
 
 /// A template as the toolbars find it, by the style's folder.
 std::string toolbarTemplatePath(const std::string& styleFolder, const std::string& file);

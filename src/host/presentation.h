@@ -132,6 +132,9 @@ class Presentation : public Handle {
   void Saved(bool saved) const { putTriState(member::Saved, saved); }
   void Save() const { call(member::Save); }
   void SaveAs(const std::string& path) const { call(member::SaveAs, path); }
+  void SaveAs(const std::string& path, PpSaveAsFileType type, MsoTriState embedFonts) const {
+    call(member::SaveAs, path, type, embedFonts);
+  }
   void SaveCopyAs(const std::string& path) const { call(member::SaveCopyAs, path); }
   /// The host decides about the fonts where `embedFonts` is mixed.
   void SaveCopyAs(const std::string& path, PpSaveAsFileType type, MsoTriState embedFonts) const {

@@ -9,6 +9,7 @@
 #include "core/globals.h"
 #include "core/message.h"
 #include "core/xml.h"
+#include "library/my_elements_index.h"
 #include "platform/ansi.h"
 #include "platform/paths.h"
 
@@ -51,9 +52,8 @@ std::string itemsQuery(const std::string& menu, const std::string& submenu) {
   return submenusQuery(menu) + "[@name=\"" + submenu + "\"]/menuitem";
 }
 
-/// Positions count from one in the query.
 std::string itemQuery(const std::string& menu, const std::string& submenu, std::int32_t index) {
-  return itemsQuery(menu, submenu) + "[" + std::to_string(std::int64_t{index} + 1) + "]";
+  return itemsQuery(menu, submenu) + core::position(index);
 }
 
 }  // namespace
@@ -88,7 +88,7 @@ void loadCopyrightNotices() {
 }
 
 void loadMyElements() {
-  const std::string path = globals().myElementsFolder + "myelements.xml";
+  const std::string path = indexFile();
   if (!platform::fileExists(path)) {
     core::message("You haven't added any elements to 'My Elements' yet or the database could not be found.",
                   ui::Icon::information);
@@ -117,10 +117,7 @@ pugi::xml_node menuItem(const std::string& menu, const std::string& submenu, std
 }
 
 std::string menuItemLabel(const std::string& menu, const std::string& submenu, std::int32_t index) {
-  const pugi::xpath_node label =
-      core::selectSingleNode(menuDocument(), itemQuery(menu, submenu, index) + "/@name");
-  if (!label) base::raise(base::errors::objectNotSet);
-  return label.attribute().value();
+  return core::selectText(menuDocument(), itemQuery(menu, submenu, index) + "/@name");
 }
 
 pugi::xpath_node_set allMenuItems() {

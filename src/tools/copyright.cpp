@@ -10,6 +10,7 @@
 #include "core/globals.h"
 #include "core/helpers.h"
 #include "core/message.h"
+#include "core/slide_in_view.h"
 #include "core/template_paths.h"
 #include "platform/paths.h"
 #include "tools/trimline_tools.h"
@@ -56,7 +57,7 @@ void removeOld(const host::Shapes& shapes, const std::vector<std::string>& entri
 bool exchange(const std::string& file, std::int32_t index, Masters masters,
               const std::vector<std::string>& entries) {
   const host::Application& application = core::globals().powerPointApp;
-  const std::string path = core::ribbonTemplatePath(file);
+  const std::string path = core::ribbonTemplatePath(core::globals().currentStyle, file);
   if (!platform::fileExists(path)) {
     message("The template file '" + path +
                 "' could not be found.\r\nPlease check your installation and contact us at " +
@@ -87,52 +88,15 @@ bool exchange(const std::string& file, std::int32_t index, Masters masters,
   return true;
 }
 
-/// Whether shapes are edited in the window's active pane, or come to be: lists of slides give way to the
-/// slide.
-bool showsSlide(const host::DocumentWindow& window) {
-  switch (window.ActivePane().ViewType()) {
-    case host::ppViewSlide:
-    case host::ppViewSlideMaster:
-    case host::ppViewTitleMaster:
-      return true;
-    case host::ppViewOutline:
-    case host::ppViewThumbnails:
-    case host::ppViewMasterThumbnails:
-      window.Panes().Item(2).Activate();
-      return true;
-    default:
-      return false;
-  }
-}
-
 }  // namespace
 
 void TrimlineTools::insertCopyright(std::int32_t index) {
   core::trap("TrimlineTools, insertCopyright", [&] {
-    const host::Application& application = core::globals().powerPointApp;
     if (core::globals().currentStyle.empty()) {
       message("Please select a style first.", ui::Icon::information);
       return;
     }
-    if (application.Windows().Count() == 0) {
-      message(
-          "There is no active presentation.\r\nPlease open a presentation or create a new presentation "
-          "before inserting a copyright notice.",
-          ui::Icon::critical);
-      return;
-    }
-    if (application.ActivePresentation().Slides().Count() == 0) {
-      message(
-          "The active presentation does not contain any slides.\r\nPlease add a slide before inserting a "
-          "copyright notice.",
-          ui::Icon::critical);
-      return;
-    }
-    const host::DocumentWindow window = application.ActiveWindow();
-    if (!showsSlide(window)) {
-      message("Please go to normal view.", ui::Icon::information);
-      return;
-    }
+    if (!core::requireSlideInView("inserting a copyright notice")) return;
     const std::vector<std::string> entries = entriesToRemove();
     if (!exchange("copyright_slide.ppt", index, Masters::slide, entries)) return;
     if (core::isHostVersion(host::toolbarHosts)) {
@@ -140,7 +104,7 @@ void TrimlineTools::insertCopyright(std::int32_t index) {
       return;
     }
     // Makes the host draw the masters anew.
-    const host::View view = window.View();
+    const host::View view = core::globals().powerPointApp.ActiveWindow().View();
     view.Zoom(view.Zoom() - 1);
     view.Zoom(view.Zoom() + 1);
   });

@@ -48,7 +48,7 @@ TEST_F(ConfigurationTest, StylesKeepTheirOrderAndTheFirstIsCurrent) {
   EXPECT_EQ(globals().styleFolders, (Texts{"b", "a", "c"}));
   EXPECT_EQ(globals().currentStyle, "B");
 
-  EXPECT_TRUE(core::ribbonTemplatePath("x.ppt").ends_with("\\config\\styles\\B\\x.ppt"));
+  EXPECT_TRUE(core::ribbonTemplatePath("B", "x.ppt").ends_with("\\config\\styles\\B\\x.ppt"));
   EXPECT_TRUE(core::toolbarTemplatePath("b", "x.ppt").ends_with("\\config\\styles\\b\\x.ppt"));
   EXPECT_TRUE(core::agendaTemplatePath(3).ends_with("\\config\\styles\\c\\agendawizard.xml"));
   EXPECT_THROW(core::agendaTemplatePath(0), base::Error);
