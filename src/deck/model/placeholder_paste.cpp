@@ -1,11 +1,13 @@
 #include "deck/model/placeholder_paste.h"
 
 #include <algorithm>
+#include <functional>
 #include <initializer_list>
 #include <set>
 #include <string>
 #include <string_view>
 
+#include "deck/model/color.h"
 #include "deck/model/placeholder.h"
 #include "deck/model/references.h"
 #include "deck/model/shape_frame.h"
@@ -66,20 +68,32 @@ constexpr Names effects = {"a:effectLst", "a:effectDag"};
 /// What an element may hold: one group of alternatives after the other.
 using Schema = std::initializer_list<Names>;
 
+/// The first child that is one of these.
+xml_node childOf(xml_node parent, const Names& names) {
+  return parent.find_child([&](xml_node child) {
+    return std::ranges::any_of(names,
+                               [&](const char* name) { return std::string_view(child.name()) == name; });
+  });
+}
+
+/// Whether a shape's own style says something of its fill, line, effects or text, which then stands before
+/// what it inherits.
+bool hasStyle(xml_node shape, const char* reference) {
+  const xml_node style = shape.child("p:style").child(reference);
+  return wholeNumber(style.attribute("idx"), 0, 100'000) > 0;
+}
+
 /// Copies the children of `source` whose group `target` has none of to their places, but for those that need
-/// a relationship of the sheet that they come from.
-void inheritChildren(xml_node target, xml_node source, Schema schema, bool strict) {
+/// a relationship of the sheet that they come from, and for groups that are left out.
+void inheritChildren(
+    xml_node target, xml_node source, Schema schema, bool strict,
+    const std::function<bool(const Names& group)>& leavesOut = [](const Names&) { return false; }) {
   for (auto group = schema.begin(); group != schema.end(); ++group) {
-    const auto of = [&](xml_node parent, const Names& names) {
-      return parent.find_child([&](xml_node child) {
-        return std::ranges::any_of(names,
-                                   [&](const char* name) { return std::string_view(child.name()) == name; });
-      });
-    };
-    const xml_node missing = of(source, *group);
-    if (!missing || of(target, *group) || !referencesIn(missing).empty()) continue;
+    if (leavesOut(*group)) continue;
+    const xml_node missing = childOf(source, *group);
+    if (!missing || childOf(target, *group) || !referencesIn(missing).empty()) continue;
     xml_node before;
-    for (auto next = group + 1; next != schema.end() && !before; ++next) before = of(target, *next);
+    for (auto next = group + 1; next != schema.end() && !before; ++next) before = childOf(target, *next);
     if (!before) before = target.child("a:extLst");
     copyElement(missing, target, before, strict);
   }
@@ -146,8 +160,12 @@ void inheritText(const ShapeKey& copy, const ShapeKey& source, bool strict) {
       }
       own = before ? list.insert_child_before(name.c_str(), before) : list.append_child(name.c_str());
     }
+    // The colour that the shape's style gives its text holds where the shape says no other.
+    const bool keepsColor = colorElement(source.node.child("p:style").child("a:fontRef")) &&
+                            !childOf(own.child("a:defRPr"), fills);
     const LevelStyles styles(source, level);
     for (const xml_node style : styles.all()) inheritLevel(own, style, strict);
+    if (keepsColor) own.child("a:defRPr").remove_child(childOf(own.child("a:defRPr"), fills));
   }
   for (ShapeKey holder = inheritedPlaceholder(source); holder.node; holder = inheritedPlaceholder(holder)) {
     const xml_node inherited = textBodyOf(holder.node).child("a:bodyPr");
@@ -165,10 +183,16 @@ void inheritText(const ShapeKey& copy, const ShapeKey& source, bool strict) {
 void inheritLook(const ShapeKey& copy, const ShapeKey& source, bool strict) {
   if (shapeElement(copy.node) == ShapeElement::graphicFrame) return;
   xml_node properties = requireVisualProperties(copy.node);
+  const auto isStyled = [own = copy.node](const Names& group) {
+    const std::string_view first = *group.begin();
+    return (first == "a:noFill" && hasStyle(own, "a:fillRef")) ||
+           (first == "a:ln" && hasStyle(own, "a:lnRef")) ||
+           (first == "a:effectLst" && hasStyle(own, "a:effectRef"));
+  };
   for (ShapeKey holder = inheritedPlaceholder(source); holder.node; holder = inheritedPlaceholder(holder)) {
     inheritChildren(properties, visualProperties(holder.node),
                     {{"a:custGeom", "a:prstGeom"}, fills, {"a:ln"}, effects, {"a:scene3d"}, {"a:sp3d"}},
-                    strict);
+                    strict, isStyled);
   }
   if (!properties.child("a:prstGeom") && !properties.child("a:custGeom")) {
     const xml_node frame = properties.child("a:xfrm");
@@ -188,7 +212,8 @@ void becomePlain(const ShapeKey& copy, const ShapeKey& source) {
   for (xml_node locks : kind.children()) locks.remove_attribute("noGrp");
   const xml_node properties = visualProperties(copy.node);
   const bool unfilled = !properties.child("a:solidFill") && !properties.child("a:gradFill") &&
-                        !properties.child("a:pattFill") && !properties.child("a:blipFill");
+                        !properties.child("a:pattFill") && !properties.child("a:blipFill") &&
+                        !(hasStyle(copy.node, "a:fillRef") && !properties.child("a:noFill"));
   if (shapeElement(copy.node) == ShapeElement::shape && unfilled) setAttribute(kind, "txBox", "1");
 }
 

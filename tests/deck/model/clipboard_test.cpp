@@ -158,6 +158,28 @@ TEST_F(Copying, PlaceholdersTakeAFreePlaceOrBecomePlain) {
   EXPECT_EQ(test::packageFaults(saved(presentation)), std::vector<std::string>());
 }
 
+// What the shape's own style says stands before what the master's placeholder does.
+TEST_F(Copying, APlainCopyKeepsTheStyleOfItsPlaceholder) {
+  deck.master().find("title").noFill().noLine();
+  deck.slide("titleOnly")
+      .xml(
+          "<p:sp><p:nvSpPr><p:cNvPr id='50' name='T'/><p:cNvSpPr/><p:nvPr><p:ph "
+          "type='title'/></p:nvPr></p:nvSpPr>"
+          "<p:spPr/><p:style><a:lnRef idx='2'><a:schemeClr val='accent2'/></a:lnRef><a:fillRef "
+          "idx='1'><a:schemeClr "
+          "val='accent1'/></a:fillRef><a:effectRef idx='0'/><a:fontRef idx='minor'><a:srgbClr val='ABCDEF'/>"
+          "</a:fontRef></p:style><p:txBody><a:bodyPr/><a:p><a:r><a:t>Sales</a:t></a:r></a:p></p:txBody></"
+          "p:sp>");
+  deck.slide("blank");
+  open();
+  shape("T").Copy();
+  const host::Shape plain = shapes(2).Paste().Item(1);
+  EXPECT_EQ(plain.Type(), host::msoAutoShape);
+  EXPECT_EQ(plain.Fill().Visible(), host::msoTrue);
+  EXPECT_EQ(plain.Line().Visible(), host::msoTrue);
+  EXPECT_EQ(plain.TextFrame().TextRange().Font().Color().RGB(), 0xEFCDAB);
+}
+
 TEST_F(Copying, AMemberOfAGroupComesAsItLies) {
   auto slide = deck.slide();
   auto group = slide.group(100, 100, 200, 100).childSpace(0, 0, 100, 50).named("Group");
