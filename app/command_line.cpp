@@ -12,6 +12,7 @@
 #include "commands/agenda.h"
 #include "commands/commands.h"
 #include "commands/demo.h"
+#include "commands/insert.h"
 #include "commands/ribbon.h"
 #include "commands/run.h"
 #include "commands/show.h"
@@ -25,6 +26,7 @@ const char* const overview = R"(Examples:
   vellumark show deck.pptx                 what is on the slides, and how shapes are called
   vellumark commands                       what can be done with them
   vellumark run alignLefts deck.pptx --slide 3 --select 'Box 1,Box 2' -o aligned.pptx
+  vellumark insert 'Diagrams/Processes/Five steps' deck.pptx --slide 2 -o out.pptx
   vellumark agenda deck.pptx --items topics.txt -o out.pptx     agenda slides from a list of topics
 
 "vellumark SUBCOMMAND --help" tells more, with examples.
@@ -68,6 +70,16 @@ Examples:
   vellumark ribbon
   vellumark ribbon deck.pptx --slide 3 --select 'Box 1,Box 2'
   vellumark ribbon deck.pptx --slides 2-4 --json)";
+
+const char* const insertHelp =
+    R"(ELEMENT is one of the Slide Wizard's (menu, gallery and name) or of your own (My Elements, group and name), as
+"vellumark ribbon" lists them. It comes in the style of --style, else in the one that was chosen for the deck before,
+else in the one that suits the slides. Its colours and fonts are those of the deck.
+
+Examples:
+  vellumark insert 'Diagrams/Processes/Five steps' deck.pptx --slide 3 -o out.pptx
+  vellumark insert 'Text and tables/Tables/1' deck.pptx --style 'Vellumark Grey' --in-place
+  vellumark insert 'My Elements/Miscellaneous/Logo' deck.pptx --slide 2 -o out.pptx)";
 
 const char* const agendaHelp =
     R"(FILE is plain text with an item a line, those of the second level behind a tab or two blanks, or CSV with
@@ -151,6 +163,34 @@ void addSituation(CLI::App& command, Situation& situation) {
       ->check(CLI::IsMember({"9.0", "10.0", "11.0", "12.0", "14.0", "15.0", "16.0"}));
 }
 
+/// The options of what works on a deck as a user does.
+void addRunOptions(CLI::App& command, RunOptions& options) {
+  CLI::Option* out = command.add_option("-o", options.out, "Write the result there")->option_text("OUT");
+  command.add_flag("--in-place", options.inPlace, "Write the result over the deck")
+      ->excludes(out)
+      ->option_text(" ");
+  addSituation(command, options);
+  command.add_option("--dialog", options.dialogs, dialogDescription)
+      ->option_text("SCRIPT")
+      ->allow_extra_args(false);
+  command.add_option("--answer", options.answers, answerDescription)
+      ->option_text("BUTTON")
+      ->allow_extra_args(false);
+  command.add_option("--root", options.root, "The installation (default: the program's own)")
+      ->option_text("DIR");
+  command.add_flag("--json", options.json, "Tell the shapes of the slide in view afterwards, as JSON");
+}
+
+void addInsert(CLI::App& program, InsertOptions& options) {
+  CLI::App& insert = *program.add_subcommand("insert", "Insert an element of a gallery into a slide");
+  insert.add_option("ELEMENT", options.element, "Its menu, gallery and name, or number")
+      ->required()
+      ->option_text(" ");
+  insert.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
+  addRunOptions(insert, options);
+  describe(insert, insertHelp);
+}
+
 void addRibbon(CLI::App& program, RibbonOptions& options) {
   CLI::App& ribbon = *program.add_subcommand("ribbon", "Show the add-in's tab on the ribbon");
   ribbon.add_option("DECK", options.deck, "The presentation, a .pptx file")->option_text(" ");
@@ -165,19 +205,7 @@ void addRun(CLI::App& program, RunOptions& options) {
   CLI::App& run = *program.add_subcommand("run", "Run a command on a deck");
   run.add_option("COMMAND", options.command, "What to run")->required()->option_text(" ");
   run.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
-  CLI::Option* out = run.add_option("-o", options.out, "Write the result there")->option_text("OUT");
-  run.add_flag("--in-place", options.inPlace, "Write the result over the deck")
-      ->excludes(out)
-      ->option_text(" ");
-  addSituation(run, options);
-  run.add_option("--dialog", options.dialogs, dialogDescription)
-      ->option_text("SCRIPT")
-      ->allow_extra_args(false);
-  run.add_option("--answer", options.answers, answerDescription)
-      ->option_text("BUTTON")
-      ->allow_extra_args(false);
-  run.add_option("--root", options.root, "The installation (default: the program's own)")->option_text("DIR");
-  run.add_flag("--json", options.json, "Tell the shapes of the slide in view after the command, as JSON");
+  addRunOptions(run, options);
   describe(run, runHelp);
 }
 
@@ -245,6 +273,8 @@ Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surro
   addShow(program, showOptions);
   addCommands(program, commandsJson);
   addRun(program, runOptions);
+  InsertOptions insertOptions;
+  addInsert(program, insertOptions);
   RibbonOptions ribbonOptions;
   addRibbon(program, ribbonOptions);
   AgendaCommandOptions agendaOptions;
@@ -272,6 +302,7 @@ Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surro
   if (subcommand == "show") return show(showOptions);
   if (subcommand == "commands") return listCommands(commandsJson);
   if (subcommand == "run") return run(runOptions, surroundings);
+  if (subcommand == "insert") return insert(insertOptions, surroundings);
   if (subcommand == "ribbon") return ribbon(ribbonOptions, surroundings);
   if (subcommand == "agenda") return agenda(agendaOptions, surroundings);
   return demo(demoOptions, surroundings);

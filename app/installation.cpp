@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "failure.h"
+#include "personal_installation.h"
 #include "platform/paths.h"
 
 namespace vellumark::app {
@@ -34,7 +35,10 @@ fs::path installationRoot(const std::string& given) {
   }
   if (const auto addIn =
           beside({"../product/addin", "../share/vellumark/addin", "../../share/vellumark/addin"})) {
-    return addIn->parent_path();
+    const fs::path installed = addIn->parent_path();
+    if (platform::folderIsWritable(platform::textOf(installed))) return installed;
+    const fs::path personal = platform::pathOf(platform::toSystem(platform::userDataFolder()));
+    return linkInstallation(installed, personal) ? personal : installed;
   }
   throw Failure(Exit::usage,
                 "the program's installation is missing beside it; name its root with --root DIR");

@@ -4,7 +4,6 @@
 
 #include "agenda/agenda_commands.h"
 #include "agenda/agenda_ties.h"
-#include "agenda_styles.h"
 #include "console.h"
 #include "core/globals.h"
 #include "core/template_paths.h"
@@ -14,6 +13,7 @@
 #include "platform/atomic_file.h"
 #include "platform/paths.h"
 #include "session.h"
+#include "suitable_style.h"
 
 namespace vellumark::app {
 namespace {

@@ -70,7 +70,7 @@ class Control {
     if (image_) json["image"] = *image_;
     if (!items_.empty()) {
       json["items"] = items_;
-      json["selected"] = selected_;
+      if (selected_ >= 0) json["selected"] = selected_;
     }
     return json;
   }
@@ -91,7 +91,7 @@ class Control {
                                      {host::Value(object().object()), host::Value(i)})
                            .toString());
     }
-    selected_ = ask("getSelectedItemIndex").toInt();
+    if (node_.attribute("getSelectedItemIndex")) selected_ = ask("getSelectedItemIndex").toInt();
   }
 
   AddIn& addIn_;
@@ -109,7 +109,9 @@ std::vector<pugi::xml_node> children(AddIn& addIn, pugi::xml_node node, pugi::xm
   pugi::xml_node holder = node;
   if (const pugi::xml_attribute callback = node.attribute("getContent")) {
     const host::IRibbonControl control(std::make_shared<RibbonControl>(node.attribute("id").value()));
-    content.load_string(addIn.callBack(callback.value(), control).toString().c_str());
+    // The menu of a callback that fails is empty, as the host shows it.
+    base::resumeNext(
+        [&] { content.load_string(addIn.callBack(callback.value(), control).toString().c_str()); });
     holder = content.document_element();
   }
   const auto nodes = holder.children();

@@ -15,8 +15,10 @@
 namespace vellumark::app {
 namespace {
 
-std::string written(const RunOptions& options) {
-  if (options.out.empty() && !options.inPlace) return "nothing written: give -o OUT or --in-place\n";
+std::string written(const RunOptions& options, const host::Presentation& presentation) {
+  if (options.out.empty() && !options.inPlace) {
+    return presentation.Saved() ? "the deck is as it was\n" : "nothing written: give -o OUT or --in-place\n";
+  }
   return "written " + oneLine(options.inPlace ? options.deck : options.out) + "\n";
 }
 
@@ -31,6 +33,12 @@ std::string changesText(const std::vector<Snapshot>& before, const std::vector<S
 
 Exit run(const RunOptions& options, const Surroundings& surroundings) {
   const CommandCall call = findCommand(options.command);
+  return runOnDeck(options, call.command->method, surroundings,
+                   [&](Session& session) { press(session, call); });
+}
+
+Exit runOnDeck(const RunOptions& options, const std::string& name, const Surroundings& surroundings,
+               const std::function<void(Session& session)>& act) {
   const auto root = installationRoot(options.root);
   requireDeck(options.deck);
   if (!options.out.empty()) requireOther(options.out, options.deck);
@@ -45,23 +53,24 @@ Exit run(const RunOptions& options, const Surroundings& surroundings) {
   const std::vector<Snapshot> before = takeSnapshots(session.shapesInView());
   questions->begin();
   try {
-    press(session, call);
+    act(session);
   } catch (const Failure&) {
-    questions->requireWhole(call.command->method);
+    questions->requireWhole(name);
     throw;
   }
-  questions->requireWhole(call.command->method);
+  questions->requireWhole(name);
 
   if (!options.out.empty() || options.inPlace) session.save(options.out);
   const host::Shapes shapes = session.shapesInView();
   if (options.json) {
     print(jsonText(toJson(shapes ? reportShapes(shapes) : std::vector<ShapeReport>())));
-    tell(written(options));
+    tell(written(options, session.presentation()));
   } else {
     const bool sameSlide = session.slideInView() == slide;
-    print((sameSlide ? changesText(before, takeSnapshots(shapes)) : "") + written(options));
+    print((sameSlide ? changesText(before, takeSnapshots(shapes)) : "") +
+          written(options, session.presentation()));
   }
-  return questions->settle(call.command->method);
+  return questions->settle(name);
 }
 
 }  // namespace vellumark::app

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -7,6 +8,8 @@
 #include "surroundings.h"
 
 namespace vellumark::app {
+
+class Session;
 
 struct RunOptions : Situation {
   std::string command;
@@ -21,5 +24,9 @@ struct RunOptions : Situation {
 /// Runs one command of the add-in on a deck as a user does: opens it in a window, selects, presses the
 /// button.
 Exit run(const RunOptions& options, const Surroundings& surroundings);
+
+/// The same with something else than a command that a user does with the add-in, called `name` in messages.
+Exit runOnDeck(const RunOptions& options, const std::string& name, const Surroundings& surroundings,
+               const std::function<void(Session& session)>& act);
 
 }  // namespace vellumark::app

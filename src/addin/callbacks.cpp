@@ -41,6 +41,13 @@ Value askItem(Connect& connect, Arguments arguments) {
   return answer((connect.*Method)(IRibbonControl(arguments[0].toObject()), arguments[1].toInt()));
 }
 
+/// An entry of a list was chosen: the control, the entry's id and its place.
+template <auto Method>
+Value choose(Connect& connect, Arguments arguments) {
+  (connect.*Method)(IRibbonControl(arguments[0].toObject()), arguments[1].toString(), arguments[2].toInt());
+  return {};
+}
+
 constexpr Callback all[] = {
     {"onLoad", 1,
      [](Connect& connect, Arguments arguments) {
@@ -63,12 +70,17 @@ constexpr Callback all[] = {
     {"style_getItemCount", 1, ask<&Connect::style_getItemCount>},
     {"style_getItemLabel", 2, askItem<&Connect::style_getItemLabel>},
     {"style_getSelectedItemIndex", 1, ask<&Connect::style_getSelectedItemIndex>},
-    {"style_onAction", 3,
-     [](Connect& connect, Arguments arguments) {
-       connect.style_onAction(IRibbonControl(arguments[0].toObject()), arguments[1].toString(),
-                              arguments[2].toInt());
-       return Value();
-     }},
+    {"style_onAction", 3, choose<&Connect::style_onAction>},
+    {"slideWizard_getContent", 1, ask<&Connect::slideWizard_getContent>},
+    {"slideWizard_getItemCount", 1, ask<&Connect::slideWizard_getItemCount>},
+    {"slideWizard_getItemLabel", 2, askItem<&Connect::slideWizard_getItemLabel>},
+    {"slideWizard_getItemImage", 2, askItem<&Connect::slideWizard_getItemImage>},
+    {"slideWizard_onAction", 3, choose<&Connect::slideWizard_onAction>},
+    {"myElements_getContent", 1, ask<&Connect::myElements_getContent>},
+    {"myElements_getItemCount", 1, ask<&Connect::myElements_getItemCount>},
+    {"myElements_getItemLabel", 2, askItem<&Connect::myElements_getItemLabel>},
+    {"myElements_getItemImage", 2, askItem<&Connect::myElements_getItemImage>},
+    {"myElements_onAction", 3, choose<&Connect::myElements_onAction>},
 };
 
 }  // namespace

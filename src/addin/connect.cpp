@@ -155,10 +155,7 @@ std::string Connect::IRibbonExtensibility_GetCustomUI(const std::string&) {
 }
 
 void Connect::onLoad(const host::IRibbonUI& ribbon) {
-  thumbnails_.width = base::toInt16(core::getRegistry("thumbsWidth", "", "160"));
-  thumbnails_.height = base::toInt16(core::getRegistry("thumbsHeight", "", "120"));
-  thumbnails_.slideWizardDate = base::val(core::getRegistry("thumbsDate_slideWizard", "", "0"));
-  thumbnails_.myElementsDate = base::val(core::getRegistry("thumbsDate_myElements", "", "0"));
+  thumbnails_ = library::readThumbnails();
   globals().ribbonUI = ribbon;
   library::loadConfiguration(library::Surface::ribbon);
 }
@@ -202,6 +199,48 @@ std::int16_t Connect::style_getSelectedItemIndex(const host::IRibbonControl& con
 void Connect::style_onAction(const host::IRibbonControl& control, const std::string& selectedId,
                              std::int32_t selectedIndex) {
   commands::style_onAction(control, selectedId, selectedIndex);
+}
+
+std::string Connect::slideWizard_getContent(const host::IRibbonControl& control) {
+  return commands::slideWizard_getContent(control, thumbnails_);
+}
+
+std::int16_t Connect::slideWizard_getItemCount(const host::IRibbonControl& control) {
+  return commands::slideWizard_getItemCount(control);
+}
+
+std::string Connect::slideWizard_getItemLabel(const host::IRibbonControl& control, std::int32_t index) {
+  return commands::slideWizard_getItemLabel(control, index);
+}
+
+host::ObjectRef Connect::slideWizard_getItemImage(const host::IRibbonControl& control, std::int32_t index) {
+  return commands::slideWizard_getItemImage(control, index);
+}
+
+void Connect::slideWizard_onAction(const host::IRibbonControl& control, const std::string& selectedId,
+                                   std::int32_t selectedIndex) {
+  commands::slideWizard_onAction(control, selectedId, selectedIndex);
+}
+
+std::string Connect::myElements_getContent(const host::IRibbonControl& control) {
+  return commands::myElements_getContent(control, thumbnails_);
+}
+
+std::int16_t Connect::myElements_getItemCount(const host::IRibbonControl& control) {
+  return commands::myElements_getItemCount(control);
+}
+
+std::string Connect::myElements_getItemLabel(const host::IRibbonControl& control, std::int32_t index) {
+  return commands::myElements_getItemLabel(control, index);
+}
+
+host::ObjectRef Connect::myElements_getItemImage(const host::IRibbonControl& control, std::int32_t index) {
+  return commands::myElements_getItemImage(control, index);
+}
+
+void Connect::myElements_onAction(const host::IRibbonControl& control, const std::string& selectedId,
+                                  std::int32_t selectedIndex) {
+  commands::myElements_onAction(control, selectedId, selectedIndex);
 }
 
 }  // namespace vellumark::addin

@@ -8,6 +8,7 @@
 
 #include "host/application.h"
 #include "host/ribbon.h"
+#include "library/thumbnails.h"
 
 namespace vellumark::agenda {
 class AgendaCommands;
@@ -21,14 +22,6 @@ class TrimlineTools;
 }
 
 namespace vellumark::addin {
-
-/// What galleries of thumbnails go by, as read from the settings when the ribbon was loaded.
-struct ThumbnailSettings {
-  std::int16_t width = 0;  ///< pixels
-  std::int16_t height = 0;
-  double slideWizardDate = 0;  ///< when each kind of thumbnails was last made, as serial date
-  double myElementsDate = 0;
-};
 
 /// Builds everything up when the host connects the add-in and releases it in reverse when the host lets go,
 /// and passes the ribbon's callbacks on. The host calls the members under these names. Only the connection
@@ -73,8 +66,20 @@ class Connect {
   std::int16_t style_getSelectedItemIndex(const host::IRibbonControl& control);
   void style_onAction(const host::IRibbonControl& control, const std::string& selectedId,
                       std::int32_t selectedIndex);
+  std::string slideWizard_getContent(const host::IRibbonControl& control);
+  std::int16_t slideWizard_getItemCount(const host::IRibbonControl& control);
+  std::string slideWizard_getItemLabel(const host::IRibbonControl& control, std::int32_t index);
+  host::ObjectRef slideWizard_getItemImage(const host::IRibbonControl& control, std::int32_t index);
+  void slideWizard_onAction(const host::IRibbonControl& control, const std::string& selectedId,
+                            std::int32_t selectedIndex);
+  std::string myElements_getContent(const host::IRibbonControl& control);
+  std::int16_t myElements_getItemCount(const host::IRibbonControl& control);
+  std::string myElements_getItemLabel(const host::IRibbonControl& control, std::int32_t index);
+  host::ObjectRef myElements_getItemImage(const host::IRibbonControl& control, std::int32_t index);
+  void myElements_onAction(const host::IRibbonControl& control, const std::string& selectedId,
+                           std::int32_t selectedIndex);
 
-  const ThumbnailSettings& thumbnails() const { return thumbnails_; }
+  const library::Thumbnails& thumbnails() const { return thumbnails_; }
 
  private:
   void setFolders();
@@ -88,7 +93,7 @@ class Connect {
   std::unique_ptr<commands::pptControls> toolbarControls_;  ///< only on hosts before the ribbon
   std::unique_ptr<tools::TrimlineTools> tools_;
   std::unique_ptr<agenda::AgendaCommands> agenda_;
-  ThumbnailSettings thumbnails_;
+  library::Thumbnails thumbnails_;
 };
 
 }  // namespace vellumark::addin

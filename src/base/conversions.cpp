@@ -342,6 +342,13 @@ float toSingle(double value) {
 std::string singleText(float value) { return shortestText(value, 7); }
 std::string doubleText(double value) { return shortestText(value, 15); }
 
+std::string plainText(double value) {
+  std::array<char, 400> buffer{};
+  const auto end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed);
+  return {buffer.data(), end.ptr};
+}
+
 std::string format00(std::int32_t value) {
   std::string digits = std::to_string(std::abs(std::int64_t{value}));
   if (digits.size() < 2) digits.insert(0, 1, '0');

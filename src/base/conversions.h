@@ -50,6 +50,9 @@ std::string singleText(float value);
 /// The same for a double, with at most fifteen digits.
 std::string doubleText(double value);
 
+/// The shortest text that val() reads as that very double.
+std::string plainText(double value);
+
 /// A whole number with at least two digits: 7 gives "07", 123 gives "123", -5 gives "-05".
 std::string format00(std::int32_t value);
 

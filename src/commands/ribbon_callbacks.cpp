@@ -94,7 +94,7 @@ host::ObjectRef getImage(const host::IRibbonControl& control) {
   if (place >= 0) {
     return host::pictureOf(services::icons().languagePictures[static_cast<std::size_t>(place)].canvas());
   }
-  return host::loadPicture(platform::toSystem(core::globals().uiFolder + id + ".png"));
+  return host::loadPictureFromFile(platform::toSystem(core::globals().uiFolder + id + ".png"));
 }
 
 bool getPressed(const host::IRibbonControl& control) {

@@ -31,7 +31,7 @@ class Picture : public Object {
 }  // namespace
 
 /// Reads the head of a PNG file.
-ObjectRef loadPicture(const std::string& path) {
+ObjectRef loadPictureFromFile(const std::string& path) {
   constexpr std::array<unsigned char, 8> signature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
   constexpr std::size_t widthAt = 16, heightAt = 20, headLength = 24;
   std::array<unsigned char, headLength> head{};

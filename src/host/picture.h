@@ -10,7 +10,7 @@ namespace vellumark::host {
 
 /// The picture in a file (its path as the system has it), in the form that the host takes; nothing where
 /// there is none that can be read.
-ObjectRef loadPicture(const std::string& path);
+ObjectRef loadPictureFromFile(const std::string& path);
 
 /// The picture of what is drawn on a canvas; nothing where the system can make none.
 ObjectRef pictureOf(const ui::Canvas& canvas);

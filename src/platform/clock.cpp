@@ -2,10 +2,13 @@
 
 #include <cmath>
 #include <ctime>
+#include <filesystem>
 
 #include "base/conversions.h"
 #include "base/error.h"
 #include "platform/environment.h"
+#include "platform/file_date.h"
+#include "platform/paths.h"
 
 namespace vellumark::platform {
 namespace {
@@ -22,16 +25,32 @@ std::optional<double> fixedNow() {
   return base::toDate(*text);
 }
 
-}  // namespace
-
-double now() {
-  if (const auto fixed = fixedNow()) return *fixed;
-  const std::time_t time = std::time(nullptr);
+/// A moment as local date and time.
+double serialOf(std::time_t time) {
   const std::tm local = *std::localtime(&time);
   using namespace std::chrono;
   const auto date = year{local.tm_year + 1900} / (local.tm_mon + 1) / local.tm_mday;
   const auto days = sys_days(date) - serialDayZero;
   return days.count() + ((local.tm_hour * 60 + local.tm_min) * 60 + local.tm_sec) / secondsOfDay;
+}
+
+}  // namespace
+
+double now() {
+  if (const auto fixed = fixedNow()) return *fixed;
+  return serialOf(std::time(nullptr));
+}
+
+double lastModified(const std::string& path) {
+  std::error_code error;
+  const auto time = std::filesystem::last_write_time(pathOf(toSystem(path)), error);
+  if (error) {
+    base::raise(base::errors::fileNotFound,
+                base::standardDescription(base::errors::fileNotFound) + ": " + path);
+  }
+  const auto system = std::chrono::file_clock::to_sys(time);
+  return serialOf(std::chrono::system_clock::to_time_t(
+      std::chrono::time_point_cast<std::chrono::system_clock::duration>(system)));
 }
 
 std::chrono::system_clock::time_point systemTime() {

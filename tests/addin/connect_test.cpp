@@ -175,8 +175,8 @@ TEST_F(ConnectTest, LoadingTheRibbonReadsSettingsAndConfiguration) {
   connect(host::Application(fakeApplication("14.0")));
   EXPECT_TRUE(globals().screenSaverOff);
   addIn().onLoad(ribbon());
-  EXPECT_EQ(addIn().thumbnails().width, 160);
-  EXPECT_EQ(addIn().thumbnails().height, 120);
+  EXPECT_EQ(addIn().thumbnails().thumbsWidth, 160);
+  EXPECT_EQ(addIn().thumbnails().thumbsHeight, 120);
   const Texts told = messages_.take();
   ASSERT_EQ(told.size(), 2U);
   EXPECT_TRUE(told[0].starts_with("Vellumark for presentations [critical] The Slide Wizard configuration"));
@@ -186,9 +186,9 @@ TEST_F(ConnectTest, LoadingTheRibbonReadsSettingsAndConfiguration) {
   core::setRegistry("thumbsDate_slideWizard", "39000.25 or so", "");
   core::setRegistry("thumbsDate_myElements", "never", "");
   addIn().onLoad(ribbon());
-  EXPECT_EQ(addIn().thumbnails().width, 100);
-  EXPECT_EQ(addIn().thumbnails().slideWizardDate, 39000.25);
-  EXPECT_EQ(addIn().thumbnails().myElementsDate, 0);
+  EXPECT_EQ(addIn().thumbnails().thumbsWidth, 100);
+  EXPECT_EQ(addIn().thumbnails().thumbsDate_slideWizard, 39000.25);
+  EXPECT_EQ(addIn().thumbnails().thumbsDate_myElements, 0);
 
   // Without a trap, a failure goes to the host.
   core::setRegistry("thumbsHeight", "40000", "");

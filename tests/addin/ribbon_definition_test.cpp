@@ -77,8 +77,12 @@ TEST_F(RibbonDefinition, IdsStandOnceAndHoldersHaveTheirRules) {
   }
   const pugi::xml_node styles = document.select_node("//dropDown[@id='zp_1025']").node();
   EXPECT_STREQ(styles.attribute("getVisible").value(), "getVisible");
-  EXPECT_STREQ(document.select_node("//dynamicMenu[@getContent='copyright_getContent']").node().name(),
-               "dynamicMenu");
+  for (const auto& [id, callback] :
+       {std::pair{"zp_1023", "slideWizard_getContent"}, std::pair{"zp_1026", "copyright_getContent"},
+        std::pair{"zp_1027", "myElements_getContent"}}) {
+    const std::string path = std::string("//dynamicMenu[@id='") + id + "']";
+    EXPECT_STREQ(document.select_node(path.c_str()).node().attribute("getContent").value(), callback) << id;
+  }
 }
 
 #ifndef _WIN32
@@ -88,7 +92,8 @@ TEST_F(RibbonDefinition, EveryImageIsThereInBothSizes) {
     const std::string id = found.node().attribute("id").value();
     const std::pair<const char*, int> sizes[] = {{".png", 32}, {"_16.png", 16}};
     for (const auto& [ending, pixels] : sizes) {
-      const host::ObjectRef picture = host::loadPicture(TEST_SOURCE_DIR "/product/program/ui/" + id + ending);
+      const host::ObjectRef picture =
+          host::loadPictureFromFile(TEST_SOURCE_DIR "/product/program/ui/" + id + ending);
       ASSERT_TRUE(picture) << id << ending;
       for (const host::Member side : {host::member::Width, host::member::Height}) {
         EXPECT_EQ(picture->invoke(side, host::Invoke::get, {}).toInt(), pixels) << id << ending;

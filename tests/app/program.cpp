@@ -67,8 +67,9 @@ Outcome runProgram(const std::string& path, const std::vector<std::string>& argu
 
 Outcome runProgram(const std::vector<std::string>& arguments) { return runProgram(TEST_PROGRAM, arguments); }
 
-Outcome runCommand(const std::string& command, const std::string& deck, std::vector<std::string> arguments) {
-  arguments.insert(arguments.begin(), {"run", command, deck, "--root", TEST_SOURCE_DIR "/product"});
+Outcome runCommand(const std::string& command, const std::string& deck, std::vector<std::string> arguments,
+                   const std::string& subcommand) {
+  arguments.insert(arguments.begin(), {subcommand, command, deck, "--root", TEST_SOURCE_DIR "/product"});
   return runProgram(arguments);
 }
 

@@ -18,8 +18,10 @@ Outcome runProgram(const std::vector<std::string>& arguments);
 /// The same for any other program.
 Outcome runProgram(const std::string& path, const std::vector<std::string>& arguments);
 
-/// `run COMMAND DECK arguments...` with the installation of the source tree.
-Outcome runCommand(const std::string& command, const std::string& deck, std::vector<std::string> arguments);
+/// `run COMMAND DECK arguments...`, or another subcommand of that form, with the installation of the source
+/// tree.
+Outcome runCommand(const std::string& command, const std::string& deck, std::vector<std::string> arguments,
+                   const std::string& subcommand = "run");
 
 /// Sets a usage counter in the settings store of the programs that are run.
 void setCounter(const std::string& name, const std::string& value);

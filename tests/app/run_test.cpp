@@ -103,6 +103,8 @@ TEST_F(Run, NothingIsWrittenUnasked) {
   EXPECT_NE((unasked.out + unasked.err).find("nothing written: give -o OUT or --in-place"),
             std::string::npos);
   EXPECT_EQ(readFile(deck_), before);
+  EXPECT_NE(runCommand("countWords", deck_, {"--select", "@3"}).out.find("the deck is as it was"),
+            std::string::npos);
 
   // The deck itself under another name is still the deck itself.
   const std::string link = folder_.path("link.pptx");
@@ -262,6 +264,29 @@ TEST_F(Run, NoticesComeFromTheStyleThatIsChosen) {
   EXPECT_EQ(runCommand("insertCopyright 1", deck_, {"--style", "Green"}).status, 2);
   EXPECT_EQ(runCommand("insertCopyright 1", deck_, {"--style", "Vellumark Grey", "--host", "11.0"}).status,
             2);
+}
+
+TEST_F(Run, ElementsAreKeptFromRunToRun) {
+  const fs::path root = folder_.root() / "root", library = root / "user/myelements";
+  fs::copy(TEST_SOURCE_DIR "/product", root, fs::copy_options::recursive);
+  const auto run = [&](const char* command, const char* select, const char* answer, const char* dialog) {
+    const Outcome outcome = runProgram(
+        {"run", command, deck_, "--root", root, "--select", select, "--answer", answer, "--dialog", dialog});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+  };
+  run("addMyElements", "Turned,Master", "OK", "myElementsAdd: elemName=Pair; btnAddElement");
+  run("1028", "Askew", "Odd ones", "myElementsAdd: btnAddGroup; elemName=Askew; btnAddElement");
+  run("manageMyElements", "Master", "Yes",
+      "myElementsManager: elementsTree=Pair; btnDelete; elementsTree=Askew; elementsTree!label=Tilted; "
+      "btnOK");
+  const std::string store = library / "myelements.pptx";
+  EXPECT_EQ(packageFaults(readZipFile(store)), std::vector<std::string>());
+  const Json slides = Json::parse(runProgram({"show", store, "--json"}).out)["slides"];
+  ASSERT_EQ(slides.size(), 1U);
+  EXPECT_EQ(slides[0]["id"], 257);
+  EXPECT_EQ(slides[0]["shapes"][0]["name"], "Askew");
+  const std::string index = readFile(library / "myelements.xml");
+  EXPECT_NE(index.find("<element name=\"Tilted\" slideID=\"257\"/>"), std::string::npos) << index;
 }
 
 TEST_F(Run, DemoStraightensASlide) {

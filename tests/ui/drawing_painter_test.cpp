@@ -83,6 +83,25 @@ TEST_F(DrawingPainterTest, PicturesAreCroppedClippedAndTurned) {
   EXPECT_EQ(at(paint({.commands = {picture}}), 30, 30), "#00000000");
 }
 
+// No pixel is passed over: a fine grid of black and white is grey from afar.
+TEST_F(DrawingPainterTest, LargePicturesAreReducedEvenly) {
+  QImage source(640, 640, QImage::Format_RGB32);
+  for (int y = 0; y < source.height(); ++y) {
+    for (int x = 0; x < source.width(); ++x) {
+      source.setPixelColor(x, y, x % 16 < 8 ? Qt::black : Qt::white);
+    }
+  }
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  source.save(&buffer, "PNG");
+  Drawing::Picture picture;
+  picture.bytes = std::make_shared<const std::string>(bytes.toStdString());
+  picture.map = {10, 0, 20, 0, 10, 20};
+  const QImage image = paint({.commands = {picture}});
+  for (int x = 44; x < 56; ++x) EXPECT_NEAR(image.pixelColor(x, 50).red(), 128, 12) << x;
+}
+
 TEST_F(DrawingPainterTest, WhatCannotBeWrittenIsTold) {
   EXPECT_FALSE(paintPng({}, {10, 10, {}, 0, folder_.filePath("missing/picture.png").toStdString()}));
   EXPECT_FALSE(paintPng({}, {0, 0, {}, 0, folder_.filePath("empty.png").toStdString()}));

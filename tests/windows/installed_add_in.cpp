@@ -18,12 +18,13 @@ void requireRegistered() {
   if (registered.status != 0) throw std::runtime_error("regsvr32 failed: " + registered.err);
 }
 
-Outcome runOverCom(const std::string& command, const std::string& deck, std::vector<std::string> arguments) {
+Outcome runOverCom(const std::string& command, const std::string& deck, std::vector<std::string> arguments,
+                   const std::string& subcommand) {
   requireRegistered();
   for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
     if (arguments[i] == "-o") arguments[i + 1] = windowsPath(arguments[i + 1]);
   }
-  arguments.insert(arguments.begin(), {TEST_WINDOWS_BUILD "/vellumark-host.exe", "run", command,
+  arguments.insert(arguments.begin(), {TEST_WINDOWS_BUILD "/vellumark-host.exe", subcommand, command,
                                        windowsPath(deck), "--root", windowsPath(TEST_SOURCE_DIR "/product")});
   return runWine(arguments);
 }

@@ -18,8 +18,10 @@ std::string windowsPath(const std::string& path);
 /// Registers the add-in in that Windows, once for all tests of this program.
 void requireRegistered();
 
-/// `run COMMAND DECK arguments...` with the registered add-in over COM. Paths are this system's.
-Outcome runOverCom(const std::string& command, const std::string& deck, std::vector<std::string> arguments);
+/// `run COMMAND DECK arguments...`, or another subcommand of that form, with the registered add-in over COM.
+/// Paths are this system's.
+Outcome runOverCom(const std::string& command, const std::string& deck, std::vector<std::string> arguments,
+                   const std::string& subcommand = "run");
 
 /// Text of a registry value, "HKCU\Software\..."; nothing where it is missing.
 std::optional<std::string> registryValue(const std::string& key, const std::string& name);

@@ -32,7 +32,8 @@ class SameResults : public testing::Test {
   }
 
   /// Runs a command both ways and compares what came out. What only one of the two says is told.
-  Both compare(const std::string& command, const std::string& deck, std::vector<std::string> arguments) {
+  Both compare(const std::string& command, const std::string& deck, std::vector<std::string> arguments,
+               const std::string& subcommand = "run") {
     const std::string linux = folder_.path("linux.pptx"), windows = folder_.path("windows.pptx");
     fs::remove(linux);
     fs::remove(windows);
@@ -41,7 +42,8 @@ class SameResults : public testing::Test {
       all.insert(all.end(), {"-o", out});
       return all;
     };
-    Both both{runCommand(command, deck, withOut(linux)), runOverCom(command, deck, withOut(windows))};
+    Both both{runCommand(command, deck, withOut(linux), subcommand),
+              runOverCom(command, deck, withOut(windows), subcommand)};
     EXPECT_EQ(both.here.status, both.overCom.status)
         << command << " " << deck << "\nhere: " << both.here.err << "\nover COM: " << both.overCom.err;
     both.written = fs::exists(linux);
@@ -128,6 +130,17 @@ TEST_F(SameResults, CommandsWithDialogsAndForms) {
       EXPECT_TRUE(both.written || both.here.status == 1) << c.command << ": " << both.here.err;
     }
   }
+}
+
+TEST_F(SameResults, ElementsOfTheGalleries) {
+  DeckBuilder builder;
+  builder.slide().shape("rect", 10, 20, 100, 50).named("Box");
+  const std::string deck = folder_.path("deck.pptx");
+  builder.save(deck);
+  for (const char* element : {"Text and tables/Tables/1", "Diagrams/Processes/Cycle of four"}) {
+    EXPECT_TRUE(compare(element, deck, {"--style", "Vellumark Grey Wide"}, "insert").written);
+  }
+  EXPECT_EQ(compare("Diagrams/Processes/Ring", deck, {}, "insert").here.status, 2);
 }
 
 TEST_F(SameResults, Agendas) {

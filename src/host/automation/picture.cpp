@@ -31,7 +31,7 @@ ObjectRef bitmapToPicture(HBITMAP bitmap) {
 }  // namespace
 
 /// GDI+ lives as long as the call.
-ObjectRef loadPicture(const std::string& path) {
+ObjectRef loadPictureFromFile(const std::string& path) {
   ui::win32::Resources resources;
   resources.startDrawing();
   HBITMAP bitmap = nullptr;

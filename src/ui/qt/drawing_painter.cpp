@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QSaveFile>
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 
@@ -90,6 +91,17 @@ QImage readImage(const std::string& bytes) {
   return reader.read();
 }
 
+/// A picture that is drawn much smaller than it is, in about the size that it is drawn in (pixels): the
+/// painter would pass over most of its pixels.
+QImage reduced(const QImage& image, double width, double height) {
+  if (image.isNull() || (image.width() < 2 * width && image.height() < 2 * height)) return image;
+  const auto side = [](int own, double drawn) {
+    return std::clamp(static_cast<int>(std::ceil(drawn)), 1, own);
+  };
+  return image.scaled(side(image.width(), width), side(image.height(), height), Qt::IgnoreAspectRatio,
+                      Qt::SmoothTransformation);
+}
+
 class DrawingPainter {
  public:
   explicit DrawingPainter(QPainter& painter)
@@ -107,16 +119,17 @@ class DrawingPainter {
 
   void operator()(const Drawing::Picture& picture) const {
     if (!picture.bytes) return;
-    const QImage image = readImage(*picture.bytes);
+    const platform::Affine& map = picture.map;
+    const double shareX = 1 - picture.cropLeft - picture.cropRight;
+    const double shareY = 1 - picture.cropTop - picture.cropBottom;
+    if (shareX <= 0 || shareY <= 0) return;
+    const QImage image = reduced(readImage(*picture.bytes), std::hypot(map.xx, map.yx) * scale_ / shareX,
+                                 std::hypot(map.xy, map.yy) * scale_ / shareY);
     if (image.isNull()) return;
     const double width = image.width(), height = image.height();
-    const QRectF shown(width * picture.cropLeft, height * picture.cropTop,
-                       width * (1 - picture.cropLeft - picture.cropRight),
-                       height * (1 - picture.cropTop - picture.cropBottom));
-    if (shown.width() <= 0 || shown.height() <= 0) return;
+    const QRectF shown(width * picture.cropLeft, height * picture.cropTop, width * shareX, height * shareY);
     painter_.save();
     if (!picture.clip.empty()) painter_.setClipPath(toPath(picture.clip), Qt::IntersectClip);
-    const platform::Affine& map = picture.map;
     painter_.setTransform(QTransform(map.xx, map.yx, map.xy, map.yy, map.dx, map.dy), true);
     painter_.setOpacity(painter_.opacity() * picture.opacity);
     painter_.drawImage(QRectF(0, 0, 1, 1), image, shown);

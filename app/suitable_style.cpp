@@ -1,4 +1,4 @@
-#include "agenda_styles.h"
+#include "suitable_style.h"
 
 #include "core/globals.h"
 #include "core/template_paths.h"

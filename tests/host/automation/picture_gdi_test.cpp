@@ -1,0 +1,91 @@
+// Pictures from the clipboard through GDI+.
+
+#include "host/picture_gdi.h"
+
+#include <gtest/gtest.h>
+
+// clang-format off
+#include <windows.h>
+#include <objidl.h>
+#include <gdiplus.h>
+// clang-format on
+
+#include <filesystem>
+#include <thread>
+
+#include "host/picture.h"
+#include "platform/clipboard_drawing.h"
+
+namespace vellumark::host {
+namespace {
+
+using platform::Drawing;
+
+/// 150 by 75 points, which are 200 by 100 pixels on a screen of 96 to the inch: red, with a blue half.
+Drawing halves() {
+  Drawing drawing{.left = 10, .top = 20, .width = 150, .height = 75};
+  platform::Path whole, half;
+  whole.rectangle(10, 20, 150, 75);
+  half.rectangle(85, 20, 75, 75);
+  drawing.commands = {Drawing::Fill{whole, {.color = 0xFFFF0000}},
+                      Drawing::Fill{half, {.color = 0xFF0000FF}}};
+  return drawing;
+}
+
+class PictureGdiTest : public testing::Test {
+ protected:
+  ~PictureGdiTest() override { std::filesystem::remove(file_); }
+  std::int16_t render() { return renderClipboardToPng(160, 120, 0x00FFFFFF, file_.string()); }
+  /// The pixels of the file that was made, as ARGB.
+  std::vector<std::uint32_t> pixels(const std::vector<std::pair<int, int>>& places) {
+    const Gdiplus::GdiplusStartupInput version1;
+    ULONG_PTR token = 0;
+    Gdiplus::GdiplusStartup(&token, &version1, nullptr);
+    std::vector<std::uint32_t> found;
+    {
+      Gdiplus::Bitmap bitmap(file_.wstring().c_str());
+      EXPECT_EQ(bitmap.GetWidth(), 160U);
+      EXPECT_EQ(bitmap.GetHeight(), 120U);
+      for (const auto& [x, y] : places) {
+        Gdiplus::Color color;
+        bitmap.GetPixel(x, y, &color);
+        found.push_back(color.GetValue());
+      }
+    }
+    Gdiplus::GdiplusShutdown(token);
+    return found;
+  }
+
+  std::filesystem::path file_ =
+      std::filesystem::temp_directory_path() / ("picture" + std::to_string(GetCurrentProcessId()) + ".png");
+};
+
+TEST_F(PictureGdiTest, TheMetafileIsFittedAndCentred) {
+  platform::offerDrawing(halves);
+  ASSERT_EQ(render(), 0);
+  EXPECT_EQ(pixels({{40, 60}, {120, 60}, {80, 5}, {80, 115}}),
+            (std::vector<std::uint32_t>{0xFFFF0000, 0xFF0000FF, 0, 0}));
+  EXPECT_EQ(CountClipboardFormats(), 0) << "what was taken is gone";
+  EXPECT_TRUE(loadPictureFromFile(file_.string()));
+  EXPECT_FALSE(loadPictureFromFile(file_.string() + "x"));
+}
+
+TEST_F(PictureGdiTest, StepsThatFailAreTold) {
+  platform::offerDrawing(halves);
+  EXPECT_EQ(renderClipboardToPng(160, 120, 0, (file_ / "below.png").string()), 29);
+  std::thread holder([&] {
+    const HWND window = CreateWindowW(L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    EXPECT_TRUE(OpenClipboard(window));
+    std::this_thread::sleep_for(std::chrono::milliseconds(1500));
+    CloseClipboard();
+    DestroyWindow(window);
+  });
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  const DWORD before = GetTickCount();
+  EXPECT_EQ(render(), 3);
+  EXPECT_GE(GetTickCount() - before, 450U) << "ten attempts";
+  holder.join();
+}
+
+}  // namespace
+}  // namespace vellumark::host
