@@ -11,14 +11,15 @@ void fitRect(std::int32_t srcW, std::int32_t srcH, std::int32_t dstW, std::int32
     width = srcW;
     height = srcH;
   } else {
-    const auto ratioW = base::toSingle(base::divide(dstW, srcW));
-    const auto ratioH = base::toSingle(base::divide(dstH, srcH));
+    // The ratios are singles, their products aren't.
+    const double ratioW = static_cast<double>(base::toSingle(base::divide(dstW, srcW)));
+    const double ratioH = static_cast<double>(base::toSingle(base::divide(dstH, srcH)));
     if (ratioW < ratioH) {
       width = dstW;
-      height = base::toInt32(static_cast<double>(ratioW * static_cast<float>(srcH)));
+      height = base::toInt32(ratioW * srcH);
     } else {
       height = dstH;
-      width = base::toInt32(static_cast<double>(ratioH * static_cast<float>(srcW)));
+      width = base::toInt32(ratioH * srcW);
     }
   }
   width = std::max(width, 1);
