@@ -1,16 +1,15 @@
 #include "library/insertion.h"
 
 #include "core/globals.h"
+#include "library/hidden_presentation.h"
 
 namespace vellumark::library {
 
 void insertSlide(const std::string& path, const std::function<host::Slide(const host::Slides&)>& find) {
-  const host::Application& application = core::globals().powerPointApp;
-  const host::Presentation source = application.Presentations().Open(path, false, false, false);
+  const host::Presentation source = openHidden(path);
   find(source.Slides()).Shapes().Range().Copy();
-  application.ActiveWindow().View().Paste();
-  source.Saved(true);
-  source.Close();
+  core::globals().powerPointApp.ActiveWindow().View().Paste();
+  closeUnsaved(source);
 }
 
 }  // namespace vellumark::library

@@ -5,6 +5,7 @@
 #include "core/globals.h"
 #include "core/helpers.h"
 #include "core/message.h"
+#include "library/hidden_presentation.h"
 #include "library/my_elements_add.h"
 #include "library/my_elements_index.h"
 #include "library/my_elements_manager.h"
@@ -23,24 +24,16 @@ std::string storePath(const char* ending) { return globals().myElementsFolder + 
 /// Opens the store without a window, or makes it. A host with a ribbon moves a store of the older format to
 /// its own once; the old file stays on the disk. `store` is set as soon as there is something to close.
 void openStore(host::Presentation& store) {
-  const host::Presentations presentations = globals().powerPointApp.Presentations();
   const std::string file = getMyElementsFile();
   const std::string own = storePath(core::isHostVersion(host::toolbarHosts) ? ".ppt" : ".pptx");
   const bool exists = platform::fileExists(file);
   if (exists) {
-    store = presentations.Open(file, false, false, false);
+    store = openHidden(file);
   } else {
-    store = presentations.Add(false);
+    store = globals().powerPointApp.Presentations().Add(false);
     core::createFolder(globals().myElementsFolder);
   }
   if (!exists || file != own) store.SaveAs(own, host::ppSaveAsDefault, host::msoFalse);
-}
-
-/// Closes the store as it was saved last, if it is open.
-void discard(const host::Presentation& store) {
-  if (!store) return;
-  store.Saved(true);
-  store.Close();
 }
 
 /// Puts what is on the clipboard on a new slide of the store; the slide's id.
@@ -82,7 +75,7 @@ void addSelection(host::Presentation& store) {
   dialog.showModal();
   if (!dialog.result) {
     dialog.unload();
-    discard(store);
+    closeUnsaved(store);
     return;
   }
   const std::int32_t slideID = pasteIntoStore(store);
@@ -111,7 +104,7 @@ void addMyElements() {
       [&](const base::Error& error) {
         // What a host raises that doesn't paste placeholders on a blank slide.
         if (error.number() != base::errors::invalidRequest) return false;
-        discard(store);
+        if (store) closeUnsaved(store);
         core::message("Placeholders can not be added to 'My Elements'.", ui::Icon::information);
         return true;
       });

@@ -9,6 +9,7 @@
 #include "core/globals.h"
 #include "core/message.h"
 #include "core/xml.h"
+#include "library/hidden_presentation.h"
 #include "library/my_elements.h"
 #include "library/my_elements_index.h"
 
@@ -246,8 +247,7 @@ void myElementsManager::btnOK_Click() {
 
 /// A slide that the store lacks ends this with the store still open.
 void myElementsManager::deleteSlides(const std::string& storeFile) const {
-  const host::Presentation store =
-      globals().powerPointApp.Presentations().Open(storeFile, false, false, false);
+  const host::Presentation store = openHidden(storeFile);
   const std::string ids = deletedSlideIDs.substr(0, deletedSlideIDs.size() - 1);
   for (const std::string& id : base::split(ids, ';')) {
     store.Slides().FindBySlideID(base::toInt32(id)).Delete();

@@ -13,6 +13,7 @@
 #include "core/xml.h"
 #include "host/picture_gdi.h"
 #include "library/configuration.h"
+#include "library/hidden_presentation.h"
 #include "library/my_elements.h"
 #include "library/my_elements_index.h"
 #include "platform/file_date.h"
@@ -48,15 +49,6 @@ class Run {
   const Thumbnails& thumbnails_;
   bool failed_ = false;
 };
-
-host::Presentation openHidden(const std::string& path) {
-  return globals().powerPointApp.Presentations().Open(path, false, false, false);
-}
-
-void closeUnsaved(const host::Presentation& presentation) {
-  presentation.Saved(true);
-  presentation.Close();
-}
 
 void storeDate(const char* setting, double date) { core::setRegistry(setting, base::plainText(date), ""); }
 

@@ -1,5 +1,6 @@
 #include "platform/drawing.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -18,6 +19,29 @@ Affine Affine::after(const Affine& first) const {
 Affine Affine::turned(double degrees) {
   const double c = std::cos(radians(degrees)), s = std::sin(radians(degrees));
   return {c, -s, 0, s, c, 0};
+}
+
+void Bounds::include(const Bounds& other) {
+  left = std::min(left, other.left);
+  top = std::min(top, other.top);
+  right = std::max(right, other.right);
+  bottom = std::max(bottom, other.bottom);
+}
+
+std::span<const DrawPoint> Path::Segment::places() const {
+  return {points.data(), step == Step::close ? 0U : step == Step::curve ? 3U : 1U};
+}
+
+Path::Path(const std::vector<Segment>& segments) {
+  for (const Segment& segment : segments) add(segment.step, segment.points);
+}
+
+Bounds Path::bounds() const {
+  Bounds box;
+  for (const Segment& segment : segments_) {
+    for (const DrawPoint& p : segment.places()) box.include({p.x, p.y, p.x, p.y});
+  }
+  return box;
 }
 
 void Path::add(Step step, std::array<DrawPoint, 3> points) {

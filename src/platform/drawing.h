@@ -4,7 +4,9 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <memory>
+#include <span>
 #include <string>
 #include <variant>
 #include <vector>
@@ -34,6 +36,15 @@ struct Affine {
   static Affine turned(double degrees);
 };
 
+/// A box; one that holds nothing has its sides the wrong way round.
+struct Bounds {
+  double left = std::numeric_limits<double>::infinity(), top = left, right = -left, bottom = -left;
+
+  bool empty() const { return left > right; }
+  void include(const Bounds& other);
+  Bounds widened(double by) const { return {left - by, top - by, right + by, bottom + by}; }
+};
+
 /// Lines and Bézier curves, in one or several figures.
 class Path {
  public:
@@ -41,7 +52,14 @@ class Path {
   struct Segment {
     Step step;
     std::array<DrawPoint, 3> points;  ///< one for move and line, three for a curve, none for close
+
+    std::span<const DrawPoint> places() const;
+    /// Where the step leads; not for close.
+    DrawPoint& end() { return points[step == Step::curve ? 2 : 0]; }
   };
+
+  Path() = default;
+  explicit Path(const std::vector<Segment>& segments);
 
   void moveTo(double x, double y) { add(Step::move, {{{x, y}}}); }
   void lineTo(double x, double y) { add(Step::line, {{{x, y}}}); }
@@ -60,6 +78,8 @@ class Path {
   void append(const Path& other, const Affine& map);
 
   bool empty() const { return segments_.empty(); }
+  /// The box around all places and control points.
+  Bounds bounds() const;
   const std::vector<Segment>& segments() const { return segments_; }
   /// Where the next line would begin.
   DrawPoint current() const { return current_; }

@@ -29,6 +29,13 @@ class DrawingPainterTest : public testing::Test {
     path.rectangle(x, y, width, height);
     return path;
   }
+  static platform::PictureBytes pngOf(const QImage& image) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return std::make_shared<const std::string>(bytes.toStdString());
+  }
   static std::string at(const QImage& image, int x, int y) {
     return image.pixelColor(x, y).name(QColor::HexArgb).toStdString();
   }
@@ -65,12 +72,8 @@ TEST_F(DrawingPainterTest, PicturesAreCroppedClippedAndTurned) {
   QImage source(4, 2, QImage::Format_RGB32);
   source.fill(Qt::green);
   for (int y = 0; y < 2; ++y) source.setPixelColor(3, y, Qt::blue);
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  source.save(&buffer, "PNG");
   Drawing::Picture picture;
-  picture.bytes = std::make_shared<const std::string>(bytes.toStdString());
+  picture.bytes = pngOf(source);
   picture.map = {-80, 0, 90, 0, -40, 45};  // turned by half a circle
   picture.cropLeft = 0.5;
   picture.clip = box(0, 0, 100, 25);
@@ -91,12 +94,8 @@ TEST_F(DrawingPainterTest, LargePicturesAreReducedEvenly) {
       source.setPixelColor(x, y, x % 16 < 8 ? Qt::black : Qt::white);
     }
   }
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  source.save(&buffer, "PNG");
   Drawing::Picture picture;
-  picture.bytes = std::make_shared<const std::string>(bytes.toStdString());
+  picture.bytes = pngOf(source);
   picture.map = {10, 0, 20, 0, 10, 20};
   const QImage image = paint({.commands = {picture}});
   for (int x = 44; x < 56; ++x) EXPECT_NEAR(image.pixelColor(x, 50).red(), 128, 12) << x;

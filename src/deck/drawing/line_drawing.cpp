@@ -76,8 +76,6 @@ DrawPoint back(const Tip& tip, double by) {
   return {tip.place.x - tip.way.x * by, tip.place.y - tip.way.y * by};
 }
 
-DrawPoint& endOf(Segment& segment) { return segment.points[segment.step == Step::curve ? 2 : 0]; }
-
 }  // namespace
 
 void drawLine(const Path& path, const Line& line, Drawing& drawing) {
@@ -89,8 +87,8 @@ void drawLine(const Path& path, const Line& line, Drawing& drawing) {
     Segment& first = segments[0];
     Segment& second = segments[1];
     Segment& last = segments.back();
-    const DrawPoint beforeLast = endOf(segments[segments.size() - 2]);
-    const Tip head = tipFrom(first.points[0], {second.points[0], endOf(second)});
+    const DrawPoint beforeLast = segments[segments.size() - 2].end();
+    const Tip head = tipFrom(first.points[0], {second.points[0], second.end()});
     const Tip tail = last.step == Step::curve
                          ? tipFrom(last.points[2], {last.points[1], last.points[0], beforeLast})
                          : tipFrom(last.points[0], {beforeLast});
@@ -100,28 +98,10 @@ void drawLine(const Path& path, const Line& line, Drawing& drawing) {
       first.points[0] = back(head, std::min(drawHead(head, line.head, line.pen, drawing), room));
     }
     if (!line.tail.kind.empty()) {
-      endOf(last) = back(tail, std::min(drawHead(tail, line.tail, line.pen, drawing), room));
+      last.end() = back(tail, std::min(drawHead(tail, line.tail, line.pen, drawing), room));
     }
   }
-  Path drawn;
-  for (const Segment& segment : segments) {
-    const auto& p = segment.points;
-    switch (segment.step) {
-      case Step::move:
-        drawn.moveTo(p[0].x, p[0].y);
-        break;
-      case Step::line:
-        drawn.lineTo(p[0].x, p[0].y);
-        break;
-      case Step::curve:
-        drawn.curveTo(p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y);
-        break;
-      case Step::close:
-        drawn.close();
-        break;
-    }
-  }
-  drawing.commands.emplace_back(Drawing::Stroke{std::move(drawn), line.pen});
+  drawing.commands.emplace_back(Drawing::Stroke{Path(segments), line.pen});
 }
 
 }  // namespace vellumark::deck

@@ -10,6 +10,7 @@
 #include "deck/model/color.h"
 #include "deck/model/placeholder.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/shape_style.h"
 #include "deck/model/theme.h"
 #include "deck/model/units.h"
 
@@ -21,12 +22,6 @@ using platform::Brush;
 using platform::Pen;
 using pugi::xml_node;
 
-constexpr std::string_view fills[] = {"noFill", "solidFill", "gradFill", "blipFill", "pattFill", "grpFill"};
-
-double share(pugi::xml_attribute attribute, double usual) {
-  return attribute ? static_cast<double>(wholeNumber(attribute, -10'000'000, 10'000'000)) / 100'000 : usual;
-}
-
 /// The opacity that a colour element gives, 0 to 1.
 double opacityOf(xml_node element, xml_node placeholder, int depth = 0) {
   if (!element || depth > 2) return 1;
@@ -36,7 +31,7 @@ double opacityOf(xml_node element, xml_node placeholder, int depth = 0) {
   }
   for (const xml_node change : element.children()) {
     const std::string_view name = localName(change);
-    const double value = share(change.attribute("val"), 1);
+    const double value = shareOf(change.attribute("val"), 1);
     if (name == "alpha") opacity = value;
     if (name == "alphaMod") opacity *= value;
     if (name == "alphaOff") opacity += value;
@@ -68,7 +63,7 @@ double inkOf(std::string_view pattern) {
 std::vector<platform::GradientStop> stopsOf(const Sheet& sheet, xml_node gradient, xml_node placeholder) {
   std::vector<platform::GradientStop> stops;
   for (const xml_node stop : gradient.child("a:gsLst").children("a:gs")) {
-    stops.push_back({std::clamp(share(stop.attribute("pos"), 0), 0.0, 1.0),
+    stops.push_back({std::clamp(shareOf(stop.attribute("pos")), 0.0, 1.0),
                      drawnColor(sheet, colorElement(stop), placeholder)});
   }
   std::ranges::stable_sort(stops, {}, &platform::GradientStop::place);
@@ -85,8 +80,8 @@ Brush gradientBrush(const Sheet& sheet, xml_node gradient, const PaintArea& area
   if (const xml_node path = gradient.child("a:path")) {
     brush.kind = Brush::Kind::radial;
     const xml_node to = path.child("a:fillToRect");
-    const double left = share(to.attribute("l"), 0), right = share(to.attribute("r"), 0);
-    const double top = share(to.attribute("t"), 0), bottom = share(to.attribute("b"), 0);
+    const double left = shareOf(to.attribute("l")), right = shareOf(to.attribute("r"));
+    const double top = shareOf(to.attribute("t")), bottom = shareOf(to.attribute("b"));
     const platform::DrawPoint centre{width * (left + 1 - right) / 2, height * (top + 1 - bottom) / 2};
     const double radius =
         std::hypot(std::max(centre.x, width - centre.x), std::max(centre.y, height - centre.y));
@@ -108,25 +103,14 @@ Brush gradientBrush(const Sheet& sheet, xml_node gradient, const PaintArea& area
   return brush;
 }
 
-xml_node nth(xml_node list, std::int64_t place) {
-  for (const xml_node child : list.children()) {
-    if (--place == 0) return child;
-  }
-  return {};
-}
-
 /// A place of the theme that a shape's style refers to, with the colour that it gives it.
 Themed styled(const ShapeKey& shape, const char* reference) {
-  const xml_node style = shape.node.child("p:style").child(reference);
-  const std::int64_t index = wholeNumber(style.attribute("idx"), 0, 100'000);
-  const xml_node formats = themeElements(shape.sheet).child("a:fmtScheme");
-  if (index == 0) return {};
-  if (std::string_view(reference) == "a:lnRef") {
-    return {nth(formats.child("a:lnStyleLst"), index), colorElement(style)};
-  }
-  const xml_node fill = index > 1000 ? nth(formats.child("a:bgFillStyleLst"), index - 1000)
-                                     : nth(formats.child("a:fillStyleLst"), index);
-  return {fill, colorElement(style)};
+  const xml_node style = styleReference(shape.node, reference);
+  if (!style) return {};
+  const bool isLine = std::string_view(reference) == "a:lnRef";
+  const xml_node place =
+      isLine ? themeLine(shape.sheet, themeIndex(style)) : themeFill(shape.sheet, themeIndex(style));
+  return {place, colorElement(style)};
 }
 
 std::vector<double> dashesOf(xml_node line) {
@@ -151,8 +135,8 @@ std::vector<double> dashesOf(xml_node line) {
   std::vector<double> dashes;
   for (const xml_node dash : line.child("a:custDash").children("a:ds")) {
     if (dashes.size() >= 16) break;
-    dashes.push_back(std::max(share(dash.attribute("d"), 1), 0.01));
-    dashes.push_back(std::max(share(dash.attribute("sp"), 1), 0.01));
+    dashes.push_back(std::max(shareOf(dash.attribute("d"), 1), 0.01));
+    dashes.push_back(std::max(shareOf(dash.attribute("sp"), 1), 0.01));
   }
   return dashes;
 }
@@ -197,13 +181,11 @@ class Sources {
   std::vector<Themed> lines_;
 };
 
-constexpr std::int64_t usualWeight = 9525;
-
 Line lineFrom(const Sources& sources, Argb color) {
   Line line;
   line.pen.color = color;
   line.pen.width =
-      static_cast<double>(wholeNumber(sources.attribute("w"), 0, 20'116'800, usualWeight)) / emuPerPoint;
+      static_cast<double>(wholeNumber(sources.attribute("w"), 0, 20'116'800, usualLineWeight)) / emuPerPoint;
   // The thinnest line there is still has a width on a screen.
   line.pen.width = std::max(line.pen.width, 0.25);
   line.pen.dashes = dashesOf(sources.first([](xml_node node) {
@@ -248,11 +230,6 @@ Argb shaded(Argb color, PathFill fill) {
     default:
       return color;
   }
-}
-
-xml_node fillElement(xml_node holder) {
-  return holder.find_child(
-      [](xml_node node) { return std::ranges::find(fills, localName(node)) != std::end(fills); });
 }
 
 std::optional<Brush> brushOf(const Sheet& sheet, xml_node fill, const PaintArea& area, xml_node placeholder) {

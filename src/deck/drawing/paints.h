@@ -36,9 +36,6 @@ struct Themed {
 /// inherits from; nothing where it has none.
 Themed shapeFill(const ShapeKey& shape);
 
-/// The first fill element right under a node.
-pugi::xml_node fillElement(pugi::xml_node holder);
-
 /// A line as it is drawn, and the ends that it carries ("triangle"; empty for none).
 struct LineEnd {
   std::string_view kind;

@@ -1,7 +1,6 @@
 #include "deck/drawing/shape_drawing.h"
 
 #include <algorithm>
-#include <limits>
 #include <optional>
 #include <string_view>
 
@@ -97,10 +96,6 @@ class ShapeDrawer {
     const Themed fill = shapeFill(shape);
     const std::optional<Line> line = shapeLine(shape);
     const Outline outline = outlineOf(shape, place);
-    Path whole;
-    for (const OutlinePath& part : outline) {
-      if (part.fill != PathFill::none) whole.append(part.path, place.toSlide);
-    }
     for (const OutlinePath& part : outline) {
       if (part.fill == PathFill::none) continue;
       if (auto brush = brushOf(shape.sheet, fill.element, area, fill.placeholder)) {
@@ -110,8 +105,8 @@ class ShapeDrawer {
             Drawing::Fill{.path = placed(part.path, place), .brush = std::move(*brush)});
       }
     }
-    if (isPicture) drawPicture(shape.sheet, shape.node.child("p:blipFill"), place, whole);
-    if (localName(fill.element) == "blipFill") drawPicture(shape.sheet, fill.element, place, whole);
+    if (isPicture) drawPicture(shape.sheet, shape.node.child("p:blipFill"), place, outline);
+    if (localName(fill.element) == "blipFill") drawPicture(shape.sheet, fill.element, place, outline);
     if (line) {
       for (const OutlinePath& part : outline) {
         if (part.stroke) drawLine(placed(part.path, place), *line, drawing_);
@@ -134,21 +129,18 @@ class ShapeDrawer {
              drawing_);
   }
 
-  void drawPicture(const Sheet& sheet, xml_node fill, const Place& place, const Path& clip) {
+  void drawPicture(const Sheet& sheet, xml_node fill, const Place& place, const Outline& outline) {
     const xml_node blip = fill.child("a:blip");
     Drawing::Picture picture;
     picture.bytes = pictureOf(sheet, blip);
     if (!picture.bytes) return;
-    const auto share = [](xml_node node, const char* name) {
-      return static_cast<double>(wholeNumber(node.attribute(name), -1'000'000, 1'000'000)) / 100'000;
-    };
     const xml_node crop = fill.child("a:srcRect");
     // A picture that is smaller than its frame is drawn in a part of it.
     const xml_node inner = fill.child("a:stretch").child("a:fillRect");
-    double x = share(inner, "l"), y = share(inner, "t");
-    double width = 1 - x - share(inner, "r"), height = 1 - y - share(inner, "b");
+    double x = shareOf(inner.attribute("l")), y = shareOf(inner.attribute("t"));
+    double width = 1 - x - shareOf(inner.attribute("r")), height = 1 - y - shareOf(inner.attribute("b"));
     const auto cut = [&](const char* name, double& kept, double& start, double& size, bool isStart) {
-      const double value = share(crop, name);
+      const double value = shareOf(crop.attribute(name));
       if (value >= 0) {
         kept = value;
       } else {
@@ -164,10 +156,11 @@ class ShapeDrawer {
     picture.map = place.toSlide.after(
         Affine{width * place.width, 0, x * place.width, 0, height * place.height, y * place.height});
     if (const xml_node faded = blip.child("a:alphaModFix")) {
-      picture.opacity =
-          static_cast<double>(wholeNumber(faded.attribute("amt"), 0, 100'000, 100'000)) / 100'000;
+      picture.opacity = std::clamp(shareOf(faded.attribute("amt"), 1), 0.0, 1.0);
     }
-    picture.clip = clip;
+    for (const OutlinePath& part : outline) {
+      if (part.fill != PathFill::none) picture.clip.append(part.path, place.toSlide);
+    }
     drawing_.commands.emplace_back(std::move(picture));
   }
 
@@ -176,9 +169,7 @@ class ShapeDrawer {
     if (tableElement(frame.node)) return drawTable(frame, place.turn, drawing_);
     const std::size_t before = drawing_.commands.size();
     for (const xml_node picture : objectPictures(frame.node)) {
-      Path whole;
-      whole.rectangle(0, 0, place.width, place.height);
-      drawPicture(frame.sheet, picture.child("p:blipFill"), place, placed(whole, place));
+      drawPicture(frame.sheet, picture.child("p:blipFill"), place, {});
       if (drawing_.commands.size() > before) return;
     }
     drawSign(frame, place);
@@ -210,61 +201,42 @@ class ShapeDrawer {
   Drawing& drawing_;
 };
 
-/// The box around all that is drawn and around the frames.
-class Extent {
- public:
-  void include(platform::DrawPoint p, double margin = 0) {
-    left_ = std::min(left_, p.x - margin);
-    top_ = std::min(top_, p.y - margin);
-    right_ = std::max(right_, p.x + margin);
-    bottom_ = std::max(bottom_, p.y + margin);
-  }
-  void include(const Path& path, double margin = 0) {
-    for (const Path::Segment& segment : path.segments()) {
-      const std::size_t count = segment.step == Path::Step::close   ? 0
-                                : segment.step == Path::Step::curve ? 3
-                                                                    : 1;
-      for (std::size_t i = 0; i < count; ++i) include(segment.points[i], margin);
-    }
-  }
-  void operator()(const Drawing::Fill& fill) { include(fill.path); }
-  void operator()(const Drawing::Stroke& stroke) { include(stroke.path, stroke.pen.width / 2); }
-  void operator()(const Drawing::Picture& picture) {
-    for (const double x : {0.0, 1.0}) {
-      for (const double y : {0.0, 1.0}) include(picture.map({x, y}));
-    }
-  }
-  void giveTo(Drawing& drawing) const {
-    if (left_ > right_) return;
-    drawing.left = left_;
-    drawing.top = top_;
-    drawing.width = right_ - left_;
-    drawing.height = bottom_ - top_;
-  }
-
- private:
-  static constexpr double far = std::numeric_limits<double>::infinity();
-  double left_ = far, top_ = far, right_ = -far, bottom_ = -far;
-};
+platform::Bounds boundsOf(const Drawing::Fill& fill) { return fill.path.bounds(); }
+platform::Bounds boundsOf(const Drawing::Stroke& stroke) {
+  return stroke.path.bounds().widened(stroke.pen.width / 2);
+}
+platform::Bounds boundsOf(const Drawing::Picture& picture) {
+  Path square, placed;
+  square.rectangle(0, 0, 1, 1);
+  placed.append(square, picture.map);
+  return placed.bounds();
+}
 
 }  // namespace
 
+/// It reaches around all that is drawn and around the frames.
 Drawing drawShapes(const std::vector<ShapeKey>& shapes) {
   Drawing drawing;
   ShapeDrawer drawer(drawing);
-  Extent extent;
+  Path frames;
   for (const ShapeKey& shape : shapes) {
     if (shape.deleted() || isHidden(shape.node)) continue;
     drawer.draw(shape);
     const Place place(slideFrame(shape));
-    Path frame, turned;
+    Path frame;
     frame.rectangle(0, 0, place.width, place.height);
-    turned.append(frame, place.toSlide);
-    extent.include(turned);
+    frames.append(frame, place.toSlide);
   }
-  for (const Drawing::Command& command : drawing.commands)
-    std::visit([&](const auto& one) { extent(one); }, command);
-  extent.giveTo(drawing);
+  platform::Bounds extent = frames.bounds();
+  for (const Drawing::Command& command : drawing.commands) {
+    extent.include(std::visit([](const auto& one) { return boundsOf(one); }, command));
+  }
+  if (!extent.empty()) {
+    drawing.left = extent.left;
+    drawing.top = extent.top;
+    drawing.width = extent.right - extent.left;
+    drawing.height = extent.bottom - extent.top;
+  }
   return drawing;
 }
 

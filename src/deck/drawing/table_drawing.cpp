@@ -7,6 +7,7 @@
 #include "deck/drawing/text_drawing.h"
 #include "deck/model/color.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/shape_style.h"
 #include "deck/model/table_cell.h"
 #include "deck/model/table_styles.h"
 #include "deck/model/theme.h"
@@ -83,8 +84,7 @@ class TableDrawer {
       const xml_node border = borders.child(isWhole && !atEdge ? side.inner : side.outer);
       if (const xml_node line = border.child("a:ln"); fillElement(line)) return lineOf(sheet(), line);
       if (const xml_node reference = border.child("a:lnRef")) {
-        return lineOf(sheet(), themeLine(sheet(), wholeNumber(reference.attribute("idx"), 0, 100'000)),
-                      colorElement(reference));
+        return lineOf(sheet(), themeLine(sheet(), themeIndex(reference)), colorElement(reference));
       }
     }
     return std::nullopt;

@@ -103,16 +103,17 @@ class TextDrawer {
     xml_node run;
     int level = 1;
   };
-  Format formatAt(std::size_t place) const {
-    for (const TextParagraph& paragraph : layout_.body().paragraphs()) {
-      if (place > paragraph.span.end()) continue;
-      Format format{{}, paragraphLevel(paragraph.node)};
-      for (const TextPiece& piece : paragraph.pieces) {
-        if (place >= piece.span.start && place < piece.span.end()) format.run = piece.node.child("a:rPr");
-      }
-      return format;
-    }
-    return {};
+  /// Places come in order.
+  Format formatAt(std::size_t place) {
+    const std::vector<TextParagraph>& paragraphs = layout_.body().paragraphs();
+    for (; paragraph_ < paragraphs.size() && place > paragraphs[paragraph_].span.end(); ++paragraph_)
+      piece_ = 0;
+    if (paragraph_ == paragraphs.size()) return {};
+    const TextParagraph& paragraph = paragraphs[paragraph_];
+    while (piece_ < paragraph.pieces.size() && place >= paragraph.pieces[piece_].span.end()) ++piece_;
+    const bool inPiece = piece_ < paragraph.pieces.size();
+    return {inPiece ? paragraph.pieces[piece_].node.child("a:rPr") : xml_node(),
+            paragraphLevel(paragraph.node)};
   }
   const LevelStyles& stylesOf(int level) {
     if (!styles_ || level != level_) {
@@ -209,6 +210,7 @@ class TextDrawer {
   Drawing& drawing_;
   std::optional<LevelStyles> styles_;
   int level_ = 0;
+  std::size_t paragraph_ = 0, piece_ = 0;  ///< where formatAt() found the last place
 };
 
 }  // namespace

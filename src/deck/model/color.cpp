@@ -70,11 +70,6 @@ Rgb inLight(const Rgb& color, Change change) {
   return {channel(color.red), channel(color.green), channel(color.blue)};
 }
 
-double share(pugi::xml_attribute attribute) {
-  constexpr std::int64_t most = 10'000'000;
-  return static_cast<double>(wholeNumber(attribute, -most, most)) / 100'000;
-}
-
 Rgb fromHex(std::string_view text) {
   const std::int32_t color = colorFromHex(text);
   return {(color & 0xFF) / 255.0, (color >> 8 & 0xFF) / 255.0, (color >> 16 & 0xFF) / 255.0};
@@ -99,7 +94,7 @@ constexpr NamedColor presetColors[] = {
 Rgb modified(Rgb color, xml_node element) {
   for (const xml_node change : element.children()) {
     const std::string_view name = localName(change);
-    const double value = share(change.attribute("val"));
+    const double value = shareOf(change.attribute("val"));
     if (name == "tint") {
       color = inLight(color, [&](double light) { return light * value + (1 - value); });
     } else if (name == "shade") {
@@ -149,14 +144,14 @@ Rgb baseColor(const Sheet& sheet, xml_node element, xml_node placeholder, int de
   }
   if (kind == "scrgbClr") {
     const auto channel = [&](const char* name) {
-      return fromLinear(clamped(share(element.attribute(name))));
+      return fromLinear(clamped(shareOf(element.attribute(name))));
     };
     return {channel("r"), channel("g"), channel("b")};
   }
   if (kind == "hslClr") {
     const std::int64_t hue = wholeNumber(element.attribute("hue"), 0, 21'600'000);
-    return toRgb({static_cast<double>(hue) / 60'000, share(element.attribute("sat")),
-                  share(element.attribute("lum"))});
+    return toRgb({static_cast<double>(hue) / 60'000, shareOf(element.attribute("sat")),
+                  shareOf(element.attribute("lum"))});
   }
   if (kind == "prstClr") {
     const auto* found = std::ranges::find(presetColors, value, &NamedColor::name);

@@ -8,6 +8,7 @@
 #include "deck/model/member_table.h"
 #include "deck/model/placeholder.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/shape_style.h"
 #include "deck/model/theme.h"
 #include "deck/model/units.h"
 #include "deck/model/xml_order.h"
@@ -18,15 +19,9 @@ namespace {
 
 using pugi::xml_node;
 
-constexpr std::string_view fills[] = {"a:noFill",   "a:solidFill", "a:gradFill",
-                                      "a:blipFill", "a:pattFill",  "a:grpFill"};
-
-bool isFill(xml_node node) { return std::ranges::find(fills, node.name()) != std::end(fills); }
-xml_node fillOf(xml_node holder) { return holder.find_child(isFill); }
-
 /// The a:solidFill of a holder, in the place of another fill, or before what follows a fill there.
 xml_node requireSolidFill(xml_node holder) {
-  const xml_node before = fillOf(holder);
+  const xml_node before = fillElement(holder);
   if (std::string_view(before.name()) == "a:solidFill") return before;
   xml_node solid;
   if (before) {
@@ -45,12 +40,6 @@ void removeFill(xml_node holder) {
   xml_node none = requireSolidFill(holder);
   none.remove_children();
   none.set_name("a:noFill");
-}
-
-/// A reference of the shape's style into the theme ("a:fillRef"); nothing where it refers to no place.
-xml_node styleReference(xml_node shape, const char* name) {
-  const xml_node reference = shape.child("p:style").child(name);
-  return wholeNumber(reference.attribute("idx"), 0, 100'000) > 0 ? reference : xml_node();
 }
 
 /// What a shape, or the nearest of the placeholders that it inherits from, says of its fill or line: an
@@ -112,7 +101,7 @@ class FillFormatObject : public ShapePart<FillFormatObject> {
   }
   using ShapePart::ShapePart;
 
-  std::int32_t visible() { return visibility(nearest(shape(), fillOf, "a:fillRef")); }
+  std::int32_t visible() { return visibility(nearest(shape(), fillElement, "a:fillRef")); }
   /// A shape without a fill gets that of its style, or else the theme's first accent.
   void setVisible(std::int32_t on) {
     if ((on != 0) == (visible() != host::msoFalse)) return;
@@ -133,7 +122,7 @@ class FillFormatObject : public ShapePart<FillFormatObject> {
   host::ObjectRef foreColor() {
     return color(
         [](const ShapeKey& shape) -> ColorPlace::Found {
-          const Said fill = nearest(shape, fillOf, "a:fillRef");
+          const Said fill = nearest(shape, fillElement, "a:fillRef");
           const xml_node first = fill.own.child("a:gsLst").child("a:gs");
           return {colorElement(first ? first : fill.own ? fill.own : fill.style), {}};
         },
@@ -189,8 +178,8 @@ class LineFormatObject : public ShapePart<LineFormatObject> {
     };
     const Said line = nearest(shape(), withWidth, "a:lnRef");
     if (line.own) return points(line.own);
-    const xml_node themed = themeLine(shape().sheet, wholeNumber(line.style.attribute("idx"), 0, 100'000));
-    return themed ? points(themed) : toPoints(usualWeight);
+    const xml_node themed = themeLine(shape().sheet, themeIndex(line.style));
+    return themed ? points(themed) : toPoints(usualLineWeight);
   }
   void setWeight(float weight) {
     constexpr float most = 1584;  // points; what the file can hold
@@ -203,15 +192,13 @@ class LineFormatObject : public ShapePart<LineFormatObject> {
   }
 
  private:
-  static constexpr std::int64_t usualWeight = 9525;
-
-  static xml_node lineFill(xml_node properties) { return fillOf(properties.child("a:ln")); }
+  static xml_node lineFill(xml_node properties) { return fillElement(properties.child("a:ln")); }
   static xml_node requireLine(xml_node shape) {
     return childInOrder(requireVisualProperties(shape), "a:ln",
                         {"a:effectLst", "a:effectDag", "a:scene3d", "a:sp3d", "a:extLst"});
   }
   static float points(xml_node line) {
-    return toPoints(wholeNumber(line.attribute("w"), 0, 20'116'800, usualWeight));
+    return toPoints(wholeNumber(line.attribute("w"), 0, 20'116'800, usualLineWeight));
   }
 };
 

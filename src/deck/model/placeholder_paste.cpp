@@ -12,6 +12,7 @@
 #include "deck/model/references.h"
 #include "deck/model/shape_frame.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/shape_style.h"
 #include "deck/model/text_style.h"
 #include "deck/model/xml_order.h"
 #include "deck/package/xml_copy.h"
@@ -62,7 +63,7 @@ xml_node freePlace(const Sheet& slide, xml_node wanted, bool text) {
 bool isSlide(const Sheet& sheet) { return sheet.part->contentType().ends_with(".slide+xml"); }
 
 /// Groups of elements of which one excludes the others, in the order of the schema.
-constexpr Names fills = {"a:noFill", "a:solidFill", "a:gradFill", "a:blipFill", "a:pattFill", "a:grpFill"};
+constexpr Names fills = fillNames;
 constexpr Names effects = {"a:effectLst", "a:effectDag"};
 
 /// What an element may hold: one group of alternatives after the other.
@@ -74,13 +75,6 @@ xml_node childOf(xml_node parent, const Names& names) {
     return std::ranges::any_of(names,
                                [&](const char* name) { return std::string_view(child.name()) == name; });
   });
-}
-
-/// Whether a shape's own style says something of its fill, line, effects or text, which then stands before
-/// what it inherits.
-bool hasStyle(xml_node shape, const char* reference) {
-  const xml_node style = shape.child("p:style").child(reference);
-  return wholeNumber(style.attribute("idx"), 0, 100'000) > 0;
 }
 
 /// Copies the children of `source` whose group `target` has none of to their places, but for those that need
@@ -161,11 +155,11 @@ void inheritText(const ShapeKey& copy, const ShapeKey& source, bool strict) {
       own = before ? list.insert_child_before(name.c_str(), before) : list.append_child(name.c_str());
     }
     // The colour that the shape's style gives its text holds where the shape says no other.
-    const bool keepsColor = colorElement(source.node.child("p:style").child("a:fontRef")) &&
-                            !childOf(own.child("a:defRPr"), fills);
+    const bool keepsColor =
+        colorElement(source.node.child("p:style").child("a:fontRef")) && !fillElement(own.child("a:defRPr"));
     const LevelStyles styles(source, level);
     for (const xml_node style : styles.all()) inheritLevel(own, style, strict);
-    if (keepsColor) own.child("a:defRPr").remove_child(childOf(own.child("a:defRPr"), fills));
+    if (keepsColor) own.child("a:defRPr").remove_child(fillElement(own.child("a:defRPr")));
   }
   for (ShapeKey holder = inheritedPlaceholder(source); holder.node; holder = inheritedPlaceholder(holder)) {
     const xml_node inherited = textBodyOf(holder.node).child("a:bodyPr");
@@ -183,11 +177,12 @@ void inheritText(const ShapeKey& copy, const ShapeKey& source, bool strict) {
 void inheritLook(const ShapeKey& copy, const ShapeKey& source, bool strict) {
   if (shapeElement(copy.node) == ShapeElement::graphicFrame) return;
   xml_node properties = requireVisualProperties(copy.node);
+  // What the shape's own style says stands before what it inherits.
   const auto isStyled = [own = copy.node](const Names& group) {
     const std::string_view first = *group.begin();
-    return (first == "a:noFill" && hasStyle(own, "a:fillRef")) ||
-           (first == "a:ln" && hasStyle(own, "a:lnRef")) ||
-           (first == "a:effectLst" && hasStyle(own, "a:effectRef"));
+    return (first == "a:noFill" && styleReference(own, "a:fillRef")) ||
+           (first == "a:ln" && styleReference(own, "a:lnRef")) ||
+           (first == "a:effectLst" && styleReference(own, "a:effectRef"));
   };
   for (ShapeKey holder = inheritedPlaceholder(source); holder.node; holder = inheritedPlaceholder(holder)) {
     inheritChildren(properties, visualProperties(holder.node),
@@ -213,7 +208,7 @@ void becomePlain(const ShapeKey& copy, const ShapeKey& source) {
   const xml_node properties = visualProperties(copy.node);
   const bool unfilled = !properties.child("a:solidFill") && !properties.child("a:gradFill") &&
                         !properties.child("a:pattFill") && !properties.child("a:blipFill") &&
-                        !(hasStyle(copy.node, "a:fillRef") && !properties.child("a:noFill"));
+                        !(styleReference(copy.node, "a:fillRef") && !properties.child("a:noFill"));
   if (shapeElement(copy.node) == ShapeElement::shape && unfilled) setAttribute(kind, "txBox", "1");
 }
 

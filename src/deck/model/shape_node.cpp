@@ -298,4 +298,9 @@ std::int64_t wholeNumber(pugi::xml_attribute attribute, std::int64_t lowest, std
   return std::clamp(negative ? -number : number, lowest, highest);
 }
 
+double shareOf(pugi::xml_attribute attribute, double otherwise) {
+  constexpr std::int64_t unit = 100'000;
+  return attribute ? static_cast<double>(wholeNumber(attribute, -100 * unit, 100 * unit)) / unit : otherwise;
+}
+
 }  // namespace vellumark::deck

@@ -64,5 +64,7 @@ std::string_view localName(pugi::xml_node node);
 /// numbers are brought into the range; `otherwise` where there is no number.
 std::int64_t wholeNumber(pugi::xml_attribute attribute, std::int64_t lowest, std::int64_t highest,
                          std::int64_t otherwise = 0);
+/// An attribute that counts 100000 to one, between -100 and 100.
+double shareOf(pugi::xml_attribute attribute, double otherwise = 0);
 
 }  // namespace vellumark::deck

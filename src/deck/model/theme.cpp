@@ -36,6 +36,13 @@ std::string_view mapped(Sheet sheet, std::string_view name) {
   return name;
 }
 
+xml_node themeFormat(const Sheet& sheet, const char* list, std::int64_t index) {
+  for (const xml_node format : themeElements(sheet).child("a:fmtScheme").child(list).children()) {
+    if (--index == 0) return format;
+  }
+  return {};
+}
+
 }  // namespace
 
 xml_node themeElements(const Sheet& sheet) {
@@ -60,10 +67,13 @@ std::string fontFamily(const Sheet& sheet, std::string_view typeface) {
 }
 
 xml_node themeLine(const Sheet& sheet, std::int64_t index) {
-  for (xml_node line : themeElements(sheet).child("a:fmtScheme").child("a:lnStyleLst").children("a:ln")) {
-    if (--index == 0) return line;
-  }
-  return {};
+  return themeFormat(sheet, "a:lnStyleLst", index);
+}
+
+xml_node themeFill(const Sheet& sheet, std::int64_t index) {
+  constexpr std::int64_t backgrounds = 1000;
+  return index > backgrounds ? themeFormat(sheet, "a:bgFillStyleLst", index - backgrounds)
+                             : themeFormat(sheet, "a:fillStyleLst", index);
 }
 
 }  // namespace vellumark::deck

@@ -21,5 +21,7 @@ std::string fontFamily(const Sheet& sheet, std::string_view typeface);
 
 /// The a:ln of a place in the theme's line styles, from 1; nothing where there is none.
 pugi::xml_node themeLine(const Sheet& sheet, std::int64_t index);
+/// The fill of a place in its fills, from 1; those of backgrounds from 1001.
+pugi::xml_node themeFill(const Sheet& sheet, std::int64_t index);
 
 }  // namespace vellumark::deck

@@ -1,26 +1,16 @@
 #include "platform/text_outline.h"
 
-#include <windows.h>
-
 #include <vector>
 
-#include "platform/win32/wide.h"
+#include "platform/win32/drawing_font.h"
 
 namespace vellumark::platform {
-namespace {
-
-constexpr int em = 2048;
-
-}  // namespace
 
 /// The letters are drawn into a path of a device context, which is then read.
 Path textOutline(const FontFace& face, std::u16string_view text) {
   Path path;
-  const HDC context = CreateCompatibleDC(nullptr);
-  const HFONT font = CreateFontW(-em, 0, 0, 0, face.bold ? FW_BOLD : FW_NORMAL, face.italic, FALSE, FALSE,
-                                 DEFAULT_CHARSET, OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY,
-                                 DEFAULT_PITCH | FF_DONTCARE, win32::toWide(face.family).c_str());
-  const HGDIOBJ before = SelectObject(context, font);
+  const win32::DrawingFont font(face);
+  const HDC context = font.context();
   SetBkMode(context, TRANSPARENT);
   SetTextAlign(context, TA_BASELINE | TA_LEFT);
   BeginPath(context);
@@ -30,8 +20,8 @@ Path textOutline(const FontFace& face, std::u16string_view text) {
     std::vector<POINT> points(static_cast<std::size_t>(count));
     std::vector<BYTE> kinds(points.size());
     ::GetPath(context, points.data(), kinds.data(), count);
-    const auto x = [&](std::size_t i) { return static_cast<double>(points[i].x) / em; };
-    const auto y = [&](std::size_t i) { return static_cast<double>(points[i].y) / em; };
+    const auto x = [&](std::size_t i) { return static_cast<double>(points[i].x) / win32::DrawingFont::em; };
+    const auto y = [&](std::size_t i) { return static_cast<double>(points[i].y) / win32::DrawingFont::em; };
     for (std::size_t i = 0; i < points.size(); ++i) {
       const int kind = kinds[i] & ~PT_CLOSEFIGURE;
       if (kind == PT_MOVETO) path.moveTo(x(i), y(i));
@@ -43,9 +33,6 @@ Path textOutline(const FontFace& face, std::u16string_view text) {
       if ((kinds[i] & PT_CLOSEFIGURE) != 0) path.close();
     }
   }
-  SelectObject(context, before);
-  DeleteObject(font);
-  DeleteDC(context);
   return path;
 }
 

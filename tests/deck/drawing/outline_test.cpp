@@ -206,23 +206,6 @@ TEST(OutlineTest, PresetsAreDrawnAsTheyAreDefined) {
   EXPECT_EQ(presets, 187);
 }
 
-struct Box {
-  double left, top, right, bottom;
-};
-
-Box boxOf(const Outline& outline) {
-  Box box{1e9, 1e9, -1e9, -1e9};
-  for (const OutlinePath& path : outline) {
-    for (const Edge& edge : edgesOf(path)) {
-      for (const Point& point : {edge.from, edge.to}) {
-        box = {std::min(box.left, point.x), std::min(box.top, point.y), std::max(box.right, point.x),
-               std::max(box.bottom, point.y)};
-      }
-    }
-  }
-  return box;
-}
-
 /// The area inside the first path, with what goes the other way around subtracted.
 double areaOf(const Outline& outline) {
   double twice = 0;
@@ -284,7 +267,7 @@ TEST(OutlineTest, FormsLieTheirWay) {
   const Outline line = usualOutline("straightConnector1", 200, 0);
   ASSERT_EQ(line.size(), 1U);
   EXPECT_EQ(line[0].fill, PathFill::none);
-  const Box box = boxOf(line);
+  const platform::Bounds box = line[0].path.bounds();
   EXPECT_NEAR(box.right - box.left, 200, 1e-5);
   EXPECT_NEAR(box.bottom - box.top, 0, 1e-5);
 }

@@ -48,18 +48,7 @@ class Teller {
     return text == "-0" ? "0" : text;
   }
   static std::string box(const Path& path) {
-    double left = 1e9, top = 1e9, right = -1e9, bottom = -1e9;
-    for (const Path::Segment& segment : path.segments()) {
-      const std::size_t count = segment.step == Path::Step::close   ? 0
-                                : segment.step == Path::Step::curve ? 3
-                                                                    : 1;
-      for (std::size_t i = 0; i < count; ++i) {
-        left = std::min(left, segment.points[i].x);
-        right = std::max(right, segment.points[i].x);
-        top = std::min(top, segment.points[i].y);
-        bottom = std::max(bottom, segment.points[i].y);
-      }
-    }
+    const auto [left, top, right, bottom] = path.bounds();
     return " " + number(left) + "," + number(top) + " " + number(right - left) + " x " + number(bottom - top);
   }
 };
@@ -156,13 +145,8 @@ TEST_F(ShapeDrawing, LettersStandInTheirBoxInTheirColour) {
   EXPECT_TRUE(letters[0].starts_with("fill C8553D ")) << letters[0];
   const Drawing drawing = draw();
   const auto& path = std::get<Drawing::Fill>(drawing.commands[0]).path;
-  double right = 0, bottom = 0;
-  for (const Path::Segment& segment : path.segments()) {
-    right = std::max(right, segment.points[0].x);
-    bottom = std::max(bottom, segment.points[0].y);
-  }
-  EXPECT_NEAR(right, 300, 2) << "flush right";
-  EXPECT_NEAR(bottom, 140, 2.5) << "the g reaches to the bottom of the line";
+  EXPECT_NEAR(path.bounds().right, 300, 2) << "flush right";
+  EXPECT_NEAR(path.bounds().bottom, 140, 2.5) << "the g reaches to the bottom of the line";
 
   deck = decks::DeckBuilder();
   auto list = deck.slide().textBox(0, 0, 300, 200, "", {});
