@@ -17,6 +17,12 @@ void Label::link(bool on) {
   changed();
 }
 
+void Label::hand(bool on) {
+  if (hand_ == on) return;
+  hand_ = on;
+  changed();
+}
+
 void Label::wrapAt(int characters) {
   wrapAt_ = characters;
   changed();
@@ -113,6 +119,12 @@ void ColorBox::color(Color color) {
 void Frame::caption(const std::string& text) {
   if (caption_ == text) return;
   caption_ = text;
+  changed();
+}
+
+void Frame::toFront() {
+  static unsigned last = 0;
+  order_ = ++last;
   changed();
 }
 

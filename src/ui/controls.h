@@ -11,7 +11,8 @@
 
 namespace vellumark::ui {
 
-/// A line or paragraph of text. A link shows a hand and is there to be clicked.
+/// A line or paragraph of text. A link shows a hand and is there to be clicked. With a colour behind it, it
+/// fills its place.
 class Label : public Control {
  public:
   Label(Form& form, std::string name, std::string caption = {})
@@ -20,6 +21,9 @@ class Label : public Control {
   void caption(const std::string& text);
   bool link() const { return link_; }
   void link(bool on);
+  /// Whether the pointer over it is a hand, as over a link.
+  bool hand() const { return hand_ || link_; }
+  void hand(bool on);
   /// Where longer, the text wraps at this width, in average characters; 0 never wraps.
   int wrapAt() const { return wrapAt_; }
   void wrapAt(int characters);
@@ -30,6 +34,7 @@ class Label : public Control {
  private:
   std::string caption_;
   bool link_ = false;
+  bool hand_ = false;
   int wrapAt_ = 0;
 };
 
@@ -216,10 +221,14 @@ class Frame : public Control {
       : Control(form, std::move(name)), caption_(std::move(caption)) {}
   const std::string& caption() const { return caption_; }
   void caption(const std::string& text);
+  /// Of frames in one place, the one that was brought to the front last is seen.
+  void toFront();
+  unsigned order() const { return order_; }
   bool focusable() const override { return false; }
 
  private:
   std::string caption_;
+  unsigned order_ = 0;
 };
 
 /// Calls onTimer again and again while it is enabled and the form is loaded.

@@ -37,6 +37,9 @@ class Form {
   bool topMost() const { return topMost_; }
   /// Keeps the form above all other windows.
   void topMost(bool on) { topMost_ = on; }
+  /// Whether it comes up unasked, so that where a script works the forms, none for it closes it.
+  bool unasked() const { return unasked_; }
+  void unasked(bool on) { unasked_ = on; }
 
   // Life. A form is loaded on first use, shown and hidden any number of times, and unloaded at the end.
   void load();
@@ -81,6 +84,8 @@ class Form {
 
   /// In the order of declaration, which is the tab order.
   const std::vector<Control*>& controls() const { return controls_; }
+  /// Whether a user can bring the focus to a control now: it can have it, and no other page covers it.
+  bool reachable(const Control& control) const;
   /// The control of that name in any case ("tbM(2)" within an array); nothing where there is none.
   Control* find(const std::string& name) const;
 
@@ -108,6 +113,7 @@ class Form {
   std::string name_;
   std::string caption_;
   bool topMost_ = false;
+  bool unasked_ = false;
   bool loaded_ = false;
   bool visible_ = false;
   bool unloading_ = false;

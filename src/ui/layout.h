@@ -43,7 +43,7 @@ enum class Align { start, center, end, fill };
 /// One element of a layout.
 class Box {
  public:
-  enum class Kind { empty, control, row, column, grid, space };
+  enum class Kind { empty, control, row, column, grid, stack, space };
 
   Box() = default;
   /// A control of its natural size.
@@ -88,6 +88,7 @@ class Box {
   friend Box row(std::vector<Box> children);
   friend Box column(std::vector<Box> children);
   friend Box grid(int columns, std::vector<Box> children);
+  friend Box stack(std::vector<Box> children);
   friend Box space(int stretch);
 
  private:
@@ -109,8 +110,13 @@ Box column(std::vector<Box> children);
 /// Children row by row in so many columns, each as wide as its widest child. A stretching child makes its
 /// column stretch.
 Box grid(int columns, std::vector<Box> children);
+/// Children in one place, each in a frame of its own: only the one whose frame is in front is seen.
+Box stack(std::vector<Box> children);
 /// Nothing, taking up what is left.
 Box space(int stretch = 1);
+
+/// Whether a control lies on a child of a stack that another one covers.
+bool isCovered(const Box& layout, const Control& control);
 
 /// Where everything lies.
 struct Arrangement {
@@ -119,7 +125,7 @@ struct Arrangement {
 };
 
 /// Arranges a layout in its natural size, or in `size` where that is larger. Controls that are not visible
-/// keep their places.
+/// keep their places; those that are covered have none.
 Arrangement arrange(const Box& layout, const TextMeasurer& measurer, Size size = {});
 
 }  // namespace vellumark::ui

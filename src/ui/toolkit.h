@@ -24,6 +24,8 @@ class Toolkit {
   virtual void showModeless(Form& form) = 0;
   /// Lets the timers of a form that is loaded and never shown tick until it is unloaded.
   virtual void runHidden(Form& form) = 0;
+  /// The width of a text on one line in the font of forms, in the toolkit's pixels.
+  virtual int textWidth(const std::string& text) = 0;
   /// Lets pending events happen, so that a form that works shows its progress.
   virtual void processEvents() = 0;
 };

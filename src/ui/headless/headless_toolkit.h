@@ -26,7 +26,8 @@ struct Shown {
 
 /// Answers by scripts and fails loudly where a dialog comes up that none is there for: base::Error 5 whose
 /// description says which form or control, and what to do. Acts reach the controls as a user's do, so that a
-/// disabled control can't be used and a validation that refuses ends the script with an error.
+/// disabled control can't be used and a validation that refuses ends the script with an error. A form that
+/// comes up unasked is closed where the next script isn't for it.
 class HeadlessToolkit : public Toolkit {
  public:
   /// A script for a form, in the order in which the forms come up. Malformed scripts raise 5 at once.
@@ -59,6 +60,8 @@ class HeadlessToolkit : public Toolkit {
   void showModeless(Form& form) override;
   /// Time stands still without a screen.
   void runHidden(Form&) override {}
+  /// Without a font, each byte of a text counts alike.
+  int textWidth(const std::string& text) override { return 7 * static_cast<int>(text.size()); }
   void processEvents() override {}
 
  private:

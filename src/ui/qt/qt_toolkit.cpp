@@ -12,6 +12,7 @@
 #include "platform/paths.h"
 #include "ui/qt/canvas_painter.h"
 #include "ui/qt/conversions.h"
+#include "ui/qt/font_measurer.h"
 #include "ui/qt/form_window.h"
 
 namespace vellumark::ui {
@@ -171,6 +172,11 @@ qt::FormWindow& QtToolkit::addModeless(Form& form) {
 void QtToolkit::showModeless(Form& form) { addModeless(form).runModeless(); }
 
 void QtToolkit::runHidden(Form& form) { addModeless(form).runHidden(); }
+
+int QtToolkit::textWidth(const std::string& text) {
+  useApplication();
+  return qt::FontMeasurer().text(text, 1, false, 0).width;
+}
 
 void QtToolkit::processEvents() {
   useApplication();

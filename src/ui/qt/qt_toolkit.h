@@ -32,6 +32,7 @@ class QtToolkit : public Toolkit {
   void showModal(Form& form) override;
   void showModeless(Form& form) override;
   void runHidden(Form& form) override;
+  int textWidth(const std::string& text) override;
   void processEvents() override;
 
  private:

@@ -4,6 +4,7 @@
 
 #include "ui/win32/conversions.h"
 #include "ui/win32/file_dialogs.h"
+#include "ui/win32/font_measurer.h"
 #include "ui/win32/input_form.h"
 #include "ui/win32/system.h"
 
@@ -105,6 +106,10 @@ std::function<void(FormWindow&)> Win32Toolkit::forget() {
 void Win32Toolkit::showModeless(Form& form) { addModeless(form).runModeless(forget()); }
 
 void Win32Toolkit::runHidden(Form& form) { addModeless(form).runHidden(forget()); }
+
+int Win32Toolkit::textWidth(const std::string& text) {
+  return FontMeasurer(resources_).text(text, 1, false, 0).width;
+}
 
 void Win32Toolkit::processEvents() { loops_.dispatchPending(); }
 

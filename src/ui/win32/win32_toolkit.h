@@ -29,6 +29,7 @@ class Win32Toolkit : public Toolkit {
   void showModal(Form& form) override;
   void showModeless(Form& form) override;
   void runHidden(Form& form) override;
+  int textWidth(const std::string& text) override;
   void processEvents() override;
 
  private:
