@@ -1,6 +1,7 @@
 #pragma once
 // A web server on 127.0.0.1 that takes one request, keeps its bytes and plays a prepared answer.
 
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <string>
@@ -49,7 +50,11 @@ class LoopbackServer {
   void finish() {
     if (!thread_.joinable()) return;
     wakeAndClose(listener_);  // frees a server that nobody asked
+    constexpr int bothWays = 2;
+    // And one whose client has forgotten its connection.
+    if (const Socket client = client_; client != noSocket) shutdown(client, bothWays);
     thread_.join();
+    if (const Socket client = client_; client != noSocket) closeSocket(client);
   }
 
   bool requestIsWhole() const {
@@ -70,21 +75,27 @@ class LoopbackServer {
   void serve() {
     const Socket client = accept(listener_, nullptr, nullptr);
     if (client == noSocket) return;
+    client_ = client;
     while (answer_.readsRequest && !requestIsWhole() && receive(client)) continue;
     for (const std::string& piece : answer_.pieces) {
       if (!sendAll(client, piece)) break;
       if (answer_.pieces.size() > 1) std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
-    if (answer_.resets) {
-      const linger hard{1, 0};
-      setsockopt(client, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&hard), sizeof hard);
-    }
     while (answer_.keepsOpen && receive(client)) continue;
+    constexpr int bothWays = 2;
+    if (!answer_.resets) {
+      shutdown(client, bothWays);
+      return;
+    }
+    const linger hard{1, 0};
+    setsockopt(client, SOL_SOCKET, SO_LINGER, reinterpret_cast<const char*>(&hard), sizeof hard);
+    client_ = noSocket;
     closeSocket(client);
   }
 
   Answer answer_;
   Socket listener_ = noSocket;
+  std::atomic<Socket> client_ = noSocket;
   int port_ = 0;
   std::string request_;
   std::thread thread_;
