@@ -13,8 +13,8 @@
 
 namespace vellumark::app {
 
-/// Answers what comes up while it lives. While the add-in starts, boxes get their default answer; for the
-/// command, from begin() on, they get the given ones, and what comes up counts.
+/// Answers what comes up while it lives, dialogs by the given scripts. While the add-in starts, boxes get
+/// their default answer; for the command, from begin() on, they get the given ones, and what comes up counts.
 class Questions {
  public:
   Questions() = default;
@@ -35,7 +35,7 @@ class Questions {
   Exit settle(const std::string& name) const;
 
  protected:
-  /// Makes the given answers ready, in the order in which they are asked for.
+  /// Makes the given answers to boxes ready, in the order in which they are asked for.
   virtual void arm() = 0;
   /// The answers that nothing asked for.
   virtual std::vector<std::string> unused() const = 0;

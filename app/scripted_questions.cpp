@@ -43,10 +43,11 @@ bool showOnDisplay(ui::Form& form) {
 /// The toolkit of the program while it lives.
 class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
  public:
-  ScriptedQuestions(std::vector<std::string> dialogs, std::vector<std::string> answers)
-      : dialogs_(std::move(dialogs)), answers_(std::move(answers)) {
+  ScriptedQuestions(const std::vector<std::string>& dialogs, std::vector<std::string> answers)
+      : answers_(std::move(answers)) {
     try {
-      for (const std::string& dialog : dialogs_) ui::parseDialogScript(dialog);
+      // For what comes up as the add-in starts, too.
+      for (const std::string& dialog : dialogs) addDialog(dialog);
     } catch (const base::Error& error) {
       throw Failure(Exit::usage, "--dialog: " + error.description());
     }
@@ -63,7 +64,6 @@ class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
 
  private:
   void arm() override {
-    for (const std::string& dialog : dialogs_) addDialog(dialog);
     for (const std::string& answer : answers_) addAnswer(answer);
   }
   std::vector<std::string> unused() const override { return HeadlessToolkit::unused(); }
@@ -101,7 +101,7 @@ class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
     return path;
   }
 
-  std::vector<std::string> dialogs_, answers_;
+  std::vector<std::string> answers_;
   ui::Toolkit* before_ = nullptr;
 };
 
@@ -109,7 +109,7 @@ class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
 
 std::unique_ptr<Questions> scriptedQuestions(std::vector<std::string> dialogs,
                                              std::vector<std::string> answers) {
-  return std::make_unique<ScriptedQuestions>(std::move(dialogs), std::move(answers));
+  return std::make_unique<ScriptedQuestions>(dialogs, std::move(answers));
 }
 
 }  // namespace vellumark::app

@@ -45,6 +45,8 @@ class DrivenForm {
   HWND control(const std::string& name) const;
   /// Whether somebody waits until it is closed.
   bool isModal() const { return GetPropW(window_, L"VellumarkModal") != nullptr; }
+  /// Whether it came up unasked, so that it may be closed.
+  bool isUnasked() const { return GetPropW(window_, L"VellumarkUnasked") != nullptr; }
   /// The texts of its labels, a line each.
   std::string labels() const;
   /// Does one step of a script. base::Error 5 where the form has no such control or it can't be used.

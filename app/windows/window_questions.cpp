@@ -115,8 +115,7 @@ class WindowQuestions : public Questions {
     shown.kind = ui::Shown::Kind::form;
     shown.title = form.title();
     shown.name = form.name();
-    const bool scripted =
-        armed_ && !dialogs_.empty() && base::equalsIgnoreCase(dialogs_.front().form, form.name());
+    const bool scripted = !dialogs_.empty() && base::equalsIgnoreCase(dialogs_.front().form, form.name());
     if (!scripted && !form.isModal()) {
       shown.staysOpen = true;
       shown.text = form.labels();
@@ -129,7 +128,7 @@ class WindowQuestions : public Questions {
     }
     if (!scripted) {
       note(shown);
-      if (form.name() != errorForm) {
+      if (form.name() != errorForm && !form.isUnasked()) {
         noteUnanswered(
             base::Error(base::errors::invalidCall, "the dialog " + form.name() +
                                                        " came up and nothing answers it; give --dialog '" +

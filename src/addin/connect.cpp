@@ -19,6 +19,7 @@
 #include "platform/random.h"
 #include "services/icons.h"
 #include "services/languages.h"
+#include "services/survey.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::addin {
@@ -73,6 +74,7 @@ void Connect::start(const host::Application& application, const host::COMAddIn& 
     toolbarControls_->CreateControls();
     applicationEvents_->toggleOff();
   }
+  services::checkForSurvey();
 }
 
 /// The add-in's own folder lies directly below the root of the installation. The user's own configuration, if

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "core/message.h"
 #include "library/my_elements.h"
+#include "services/settings.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::commands {
@@ -50,7 +51,7 @@ constexpr Command table[] = {
     row(1006, "homepage", "Vellumark web site", nullptr, always),
     row(1007, "feedback", "Send feedback", nullptr, always),
     row(1008, "recommend", "Recommend to a friend", nullptr, always),
-    row(1011, "showSettings", "Settings", nullptr, always),
+    routine(1011, "showSettings", "Settings", nullptr, services::showSettings),
     row(1013, "gettingStarted", "", nullptr, always),
     row(1014, "FAQ", "FAQ", nullptr, always),
     row(1015, "tutorialVideos", "", nullptr, always),

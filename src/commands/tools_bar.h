@@ -4,9 +4,11 @@
 #include <span>
 #include <string>
 
+#include "core/config.h"
+
 namespace vellumark::commands::toolsBar {
 
-inline constexpr const char* name = "Vellumark for presentations - Trimline Tools";
+inline constexpr const char* name = core::toolsBarName;
 inline constexpr const char* toolsPopup = "Tools";
 inline constexpr const char* helpPopup = "Help";
 

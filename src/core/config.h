@@ -15,6 +15,10 @@ inline constexpr std::string_view supportEmail = "support@vellumark.example";
 inline constexpr std::string_view feedbackEmail = "feedback@vellumark.example";
 /// Namespace of the host's custom UI schema of 2006.
 inline constexpr std::string_view customUiNamespace = "http://schemas.microsoft.com/office/2006/01/customui";
+/// The toolbar of the Trimline Tools on hosts before the ribbon.
+inline constexpr const char* toolsBarName = "Vellumark for presentations - Trimline Tools";
+/// The add-in for automatic updates.
+inline constexpr std::string_view updaterProgId = "zorpu.Connect";
 /// Version of the add-in as major.minor.revision.
 inline constexpr std::string_view addInVersion = "0.1.0";
 

@@ -20,7 +20,7 @@ void addHttpHeader(platform::HttpRequest& request, std::string header) {
 }  // namespace
 
 std::string HttpPost(std::string url, const std::string& body, int accessType, int port,
-                     const std::string& user, const std::string& password) {
+                     const std::string& user, const std::string& password, std::chrono::milliseconds limit) {
   return base::trap("Wininet, HttpPost", [&] {
     url = base::trim(url);
     constexpr std::string_view scheme = "http://";
@@ -33,6 +33,7 @@ std::string HttpPost(std::string url, const std::string& body, int accessType, i
     request.port = port;
     request.user = user;
     request.password = password;
+    request.limit = limit;
     request.systemProxy = accessType == 0;
     request.agent = agent;
     // Servers know the client by this very list; its first line is the agent without a field name.

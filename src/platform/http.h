@@ -1,6 +1,7 @@
 #pragma once
 // One blocking HTTP request.
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -17,12 +18,13 @@ struct HttpRequest {
   std::string body;
   std::string user;  ///< none without
   std::string password;
+  std::chrono::milliseconds limit = std::chrono::seconds(30);  ///< for all of the exchange
   bool systemProxy = true;  ///< by way of the system's configured proxy, if there is one
 };
 
 /// Sends the request as HTTP/1.0 and returns the bytes of the answer's body, whatever its status. Empty where
-/// anything fails; what came before a failing read is the answer. An answer is cut at 16 MiB. The system's
-/// time-outs apply.
+/// anything fails, and where the answer isn't whole within the limit; what came before a failing read is the
+/// answer. An answer is cut at 16 MiB.
 ///
 /// On the wire stand the request line, the given headers, then User-Agent, Host (with the port unless it is
 /// 80), Content-Length, "Pragma: no-cache" as a request past all caches carries it, and with a user the

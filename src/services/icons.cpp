@@ -1,6 +1,10 @@
 #include "services/icons.h"
 
+#include <cstdint>
+#include <iterator>
 #include <memory>
+
+#include "core/globals.h"
 
 namespace vellumark::services {
 namespace {
@@ -10,6 +14,14 @@ std::unique_ptr<Icons>& instance() {
   return icons;
 }
 
+/// By index, the ribbon's button whose picture it is; 0 where the list has a gap.
+constexpr std::int16_t toolbarPictures[] = {
+    0,    1002, 1032, 1033, 1034, 1036, 1037, 1038, 1040, 1041, 1042, 1071, 1074,
+    1075, 1044, 1047, 1048, 1049, 1051, 1054, 1055, 1056, 1063, 1066, 1067, 1068,
+    1082, 0,    0,    1085, 1086, 1087, 1089, 1090, 1091, 1101, 1098, 1102, 1114,
+    1115, 1108, 1076, 1104, 1111, 1112, 0,    1117, 1061, 0,    1109, 1110, 1078,
+};
+
 }  // namespace
 
 Icons::Icons() : Form("Icons", "") {
@@ -17,6 +29,12 @@ Icons::Icons() : Form("Icons", "") {
     languagePictures[i].foreColor(ui::rgb(255, 255, 255));
   }
   screensaverTimer.onTimer = [this] { screensaverTimer_Timer(); };
+}
+
+std::string Icons::toolbarPictureFile(int index) {
+  if (index < 1 || index >= static_cast<int>(std::size(toolbarPictures))) return {};
+  const std::int16_t number = toolbarPictures[index];
+  return number == 0 ? std::string() : core::globals().uiFolder + "zp_" + std::to_string(number) + "_16.png";
 }
 
 void Icons::keepScreenSaverAway(bool on) {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 
 #include "platform/user_activity.h"
 #include "ui/form.h"
@@ -24,6 +25,10 @@ class Icons : public ui::Form {
 
   /// Starts or stops that timer.
   void keepScreenSaverAway(bool on);
+
+  /// The file of the picture at an index of the toolbars' image list, as the logic writes paths; empty for an
+  /// index without one. The pictures are those of the ribbon's buttons, in their small size.
+  static std::string toolbarPictureFile(int index);
 
  private:
   void screensaverTimer_Timer();

@@ -57,7 +57,7 @@ void TrimlineTools::startUpdate() {
     const host::COMAddIns addIns = core::globals().powerPointApp.COMAddIns();
     for (int i = 1; i <= addIns.Count(); ++i) {
       const host::COMAddIn addIn = addIns.Item(i);
-      if (addIn.ProgId() != "zorpu.Connect") continue;
+      if (addIn.ProgId() != core::updaterProgId) continue;
       if (!addIn.Connect()) addIn.Connect(true);
       host::callByName(addIn.Object(), "check");
       return;

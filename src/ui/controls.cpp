@@ -118,6 +118,12 @@ void Frame::caption(const std::string& text) {
   changed();
 }
 
+void Frame::toFront() {
+  static unsigned last = 0;
+  order_ = ++last;
+  changed();
+}
+
 void Timer::interval(int milliseconds) {
   interval_ = std::max(0, milliseconds);
   changed();

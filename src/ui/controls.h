@@ -11,7 +11,8 @@
 
 namespace vellumark::ui {
 
-/// A line or paragraph of text. A link shows a hand and is there to be clicked.
+/// A line or paragraph of text. A link shows a hand and is there to be clicked. With a colour behind it, it
+/// fills its place.
 class Label : public Control {
  public:
   Label(Form& form, std::string name, std::string caption = {})
@@ -230,10 +231,14 @@ class Frame : public Control {
       : Control(form, std::move(name)), caption_(std::move(caption)) {}
   const std::string& caption() const { return caption_; }
   void caption(const std::string& text);
+  /// Of frames in one place, the one that was brought to the front last is seen.
+  void toFront();
+  unsigned order() const { return order_; }
   bool focusable() const override { return false; }
 
  private:
   std::string caption_;
+  unsigned order_ = 0;
 };
 
 /// Calls onTimer again and again while it is enabled, its form is loaded, shown or not, and the toolkit's

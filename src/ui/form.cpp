@@ -81,9 +81,9 @@ void Form::setVisible(bool visible) {
 }
 
 void Form::focusFirst() {
-  if (focused_ && focused_->canFocus()) return;
+  if (focused_ && reachable(*focused_)) return;
   for (Control* control : controls_) {
-    if (control->canFocus() && control->tabStop()) {
+    if (reachable(*control) && control->tabStop()) {
       focus(*control);
       return;
     }
@@ -154,7 +154,7 @@ bool Form::tab(bool forward) {
   for (int i = 0; i < count; ++i) {
     place = (place + (forward ? 1 : count - 1) + count) % count;
     Control& control = *controls_[static_cast<std::size_t>(place)];
-    if (control.canFocus() && control.tabStop()) return focus(control);
+    if (reachable(control) && control.tabStop()) return focus(control);
   }
   return false;
 }
@@ -163,6 +163,7 @@ bool Form::pressAccessKey(char key) {
   const char wanted = static_cast<char>(std::tolower(static_cast<unsigned char>(key)));
   for (auto control = controls_.begin(); control != controls_.end(); ++control) {
     if (!(*control)->visible() || !(*control)->enabled() || (*control)->accessKey() != wanted) continue;
+    if (isCovered(layout_, **control)) continue;
     if (dynamic_cast<Label*>(*control) == nullptr) return click(**control);
     const auto next =
         std::find_if(control + 1, controls_.end(), [](const Control* other) { return other->canFocus(); });
@@ -190,6 +191,10 @@ bool Form::pressEscape() {
 
 void Form::close() {
   if (!pressEscape()) unload();
+}
+
+bool Form::reachable(const Control& control) const {
+  return control.canFocus() && !isCovered(layout_, control);
 }
 
 Control* Form::find(const std::string& name) const {

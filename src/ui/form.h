@@ -42,6 +42,9 @@ class Form {
   bool bare() const { return bare_; }
   /// Shows the form without a caption and a frame of its own; only while it isn't shown.
   void bare(bool on) { bare_ = on; }
+  /// Whether it comes up unasked, so that where a script works the forms, none for it closes it.
+  bool unasked() const { return unasked_; }
+  void unasked(bool on) { unasked_ = on; }
 
   // Life. A form is loaded on first use, shown and hidden any number of times, and unloaded at the end.
   void load();
@@ -94,6 +97,8 @@ class Form {
 
   /// In the order of declaration, which is the tab order.
   const std::vector<Control*>& controls() const { return controls_; }
+  /// Whether a user can bring the focus to a control now: it can have it, and no other page covers it.
+  bool reachable(const Control& control) const;
   /// The control of that name in any case ("tbM(2)" within an array); nothing where there is none.
   Control* find(const std::string& name) const;
 
@@ -122,6 +127,7 @@ class Form {
   std::string caption_;
   bool topMost_ = false;
   bool bare_ = false;
+  bool unasked_ = false;
   bool loaded_ = false;
   bool visible_ = false;
   bool unloading_ = false;

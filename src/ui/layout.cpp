@@ -35,6 +35,12 @@ Box layers(std::vector<Box> children) {
   return box;
 }
 
+Box stack(std::vector<Box> children) {
+  Box box = row(std::move(children));
+  box.kind_ = Box::Kind::stack;
+  return box;
+}
+
 Box space(int stretch) {
   Box box;
   box.kind_ = Box::Kind::space;
@@ -43,6 +49,12 @@ Box space(int stretch) {
 }
 
 namespace {
+
+/// The child of a stack whose frame is in front, the first one before any was brought there.
+const Box& frontOf(const Box& stack) {
+  return *std::ranges::max_element(
+      stack.children(), {}, [](const Box& child) { return child.frame() ? child.frame()->order() : 0; });
+}
 
 class Engine {
  public:
@@ -84,6 +96,9 @@ class Engine {
         for (const Box& child : box.children())
           place(child, aligned(child, aligned(child, area, false), true));
         return;
+      case Box::Kind::stack:
+        if (!box.children().empty()) place(frontOf(box), area);
+        return;
       case Box::Kind::empty:
       case Box::Kind::space:
         return;
@@ -116,7 +131,8 @@ class Engine {
         const int gap = gapOf(box);
         return {total(widths, gap), total(heights, gap)};
       }
-      case Box::Kind::layers: {
+      case Box::Kind::layers:
+      case Box::Kind::stack: {
         Size size;
         for (const Box& child : box.children()) {
           const Size own = natural(child);
@@ -224,7 +240,11 @@ class Engine {
   static bool growsInHeight(const Control& control) {
     const auto* text = dynamic_cast<const TextBox*>(&control);
     return (text && text->multiLine()) || dynamic_cast<const ListBox*>(&control) ||
-           dynamic_cast<const TreeView*>(&control);
+           dynamic_cast<const TreeView*>(&control) || hasGround(control);
+  }
+  /// Whether it is a label on a ground of its own, which fills its cell.
+  static bool hasGround(const Control& control) {
+    return control.backColor() && dynamic_cast<const Label*>(&control);
   }
   static bool keepsWidth(const Control& control) {
     return dynamic_cast<const ScrollBar*>(&control) || dynamic_cast<const PictureBox*>(&control) ||
@@ -239,7 +259,9 @@ class Engine {
     };
     if (const auto* label = dynamic_cast<const Label*>(&control)) {
       const std::string text = label->link() ? label->caption() : plainCaption(label->caption());
-      return measurer_.text(text, label->fontScale(), label->bold(), label->wrapAt() * character_.width);
+      Size size = measurer_.text(text, label->fontScale(), label->bold(), label->wrapAt() * character_.width);
+      if (hasGround(*label)) size = {size.width + line, size.height + 2 * line / 3};
+      return size;
     }
     if (const auto* text = dynamic_cast<const TextBox*>(&control)) {
       return {text->columns() * character_.width + line, (text->lines() - 1) * line + field};
@@ -285,6 +307,17 @@ class Engine {
 };
 
 }  // namespace
+
+bool isCovered(const Box& layout, const Control& control) {
+  const auto holds = [&](const Box& box, const auto& self) -> bool {
+    return box.control() == &control ||
+           std::ranges::any_of(box.children(), [&](const Box& child) { return self(child, self); });
+  };
+  return std::ranges::any_of(layout.children(), [&](const Box& child) {
+    const bool behind = layout.kind() == Box::Kind::stack && &child != &frontOf(layout);
+    return behind ? holds(child, holds) : isCovered(child, control);
+  });
+}
 
 Arrangement arrange(const Box& layout, const TextMeasurer& measurer, Size size) {
   Arrangement arrangement;

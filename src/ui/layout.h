@@ -45,7 +45,7 @@ enum class Align { start, center, end, fill };
 /// One element of a layout.
 class Box {
  public:
-  enum class Kind { empty, control, row, column, grid, layers, space };
+  enum class Kind { empty, control, row, column, grid, layers, stack, space };
 
   Box() = default;
   /// A control of its natural size.
@@ -91,6 +91,7 @@ class Box {
   friend Box column(std::vector<Box> children);
   friend Box grid(int columns, std::vector<Box> children);
   friend Box layers(std::vector<Box> children);
+  friend Box stack(std::vector<Box> children);
   friend Box space(int stretch);
 
  private:
@@ -115,8 +116,13 @@ Box grid(int columns, std::vector<Box> children);
 /// Children on the same place, one upon the other, for those that are not seen at the same time. Pictures lie
 /// on what the form declares before them.
 Box layers(std::vector<Box> children);
+/// Children in one place, each in a frame of its own: only the one whose frame is in front is seen.
+Box stack(std::vector<Box> children);
 /// Nothing, taking up what is left.
 Box space(int stretch = 1);
+
+/// Whether a control lies on a child of a stack that another one covers.
+bool isCovered(const Box& layout, const Control& control);
 
 /// Where everything lies.
 struct Arrangement {
@@ -125,7 +131,7 @@ struct Arrangement {
 };
 
 /// Arranges a layout in its natural size, or in `size` where that is larger. Controls that are not visible
-/// keep their places.
+/// keep their places; those that are covered have none.
 Arrangement arrange(const Box& layout, const TextMeasurer& measurer, Size size = {});
 
 }  // namespace vellumark::ui

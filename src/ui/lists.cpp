@@ -70,6 +70,16 @@ void ComboBox::text(const std::string& text) {
   raiseChange();
 }
 
+void ComboBox::droppedWidth(int width) {
+  droppedWidth_ = width;
+  changed();
+}
+
+void ListBox::image(int index, const std::string& file) {
+  at(index).image = file;
+  changed();
+}
+
 bool ListBox::checked(int index) const {
   if (index < 0 || index >= listCount()) base::raise(base::errors::subscript);
   return items()[static_cast<std::size_t>(index)].checked;

@@ -15,6 +15,7 @@ struct ListItem {
   std::string text;
   int data = 0;  ///< a number of the program's own
   bool checked = false;
+  std::string image = {};  ///< picture file in front of it, shown beside check boxes; empty for none
 };
 
 /// What combo boxes and list boxes share: items counted from 0, and the chosen one, -1 for none.
@@ -50,6 +51,9 @@ class ComboBox : public ItemControl {
   bool editable() const { return editable_; }
   /// The chosen item's text, or what was typed.
   const std::string& text() const { return text_; }
+  /// The width of the open list in the toolkit's pixels; it is never narrower than the box.
+  int droppedWidth() const { return droppedWidth_; }
+  void droppedWidth(int width);
   /// An editable box takes any text, a list only one of its own; raises onChange where it differs.
   void text(const std::string& text);
 
@@ -58,6 +62,7 @@ class ComboBox : public ItemControl {
 
  private:
   bool editable_;
+  int droppedWidth_ = 0;
   std::string text_;
 };
 
@@ -72,6 +77,7 @@ class ListBox : public ItemControl {
   void checked(int index, bool on);
   int lines() const { return lines_; }
   void lines(int count) { lines_ = count; }
+  void image(int index, const std::string& file);
   std::function<void(int index)> onItemCheck;
 
  private:

@@ -27,6 +27,8 @@ class Toolkit {
   virtual void stopTimer(Timer& timer) = 0;
   /// Whether somebody sees what it shows.
   virtual bool onScreen() const = 0;
+  /// The width of a text on one line in the font of forms, in the toolkit's pixels.
+  virtual int textWidth(const std::string& text) = 0;
   /// Lets pending events happen, so that a form that works shows its progress.
   virtual void processEvents() = 0;
 };

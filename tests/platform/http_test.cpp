@@ -79,6 +79,34 @@ TEST_F(Http, AFailingReadEndsTheAnswer) {
   EXPECT_TRUE(body == "hello" || body.empty()) << body;  // a reset may overtake what was sent before it
 }
 
+TEST_F(Http, TheLimitHoldsForAllOfIt) {
+  using std::chrono::milliseconds;
+  const Pieces drops(400, "x");  // of 5 ms each
+  Pieces slowBody{"HTTP/1.0 200 OK\r\n\r\n"}, slowHead{"HTTP/1.0 200 OK\r\nx: "};
+  slowBody.insert(slowBody.end(), drops.begin(), drops.end());
+  slowHead.insert(slowHead.end(), drops.begin(), drops.end());
+  struct {
+    const char* what;
+    LoopbackServer::Answer answer;
+  } const cases[] = {
+      {"silent", {{}, true}},
+      {"silent before the request was read", {{}, true, false, false}},
+      {"whole, but without an end", {{"HTTP/1.0 200 OK\r\n\r\nping"}, true}},
+      {"a slow body", {slowBody}},
+      {"a slow head", {slowHead}},
+  };
+  for (const auto& test : cases) {
+    LoopbackServer server(test.answer);
+    HttpRequest request = requestTo(server.port());
+    request.limit = milliseconds(300);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(send(request), "") << test.what;
+    const auto took = std::chrono::steady_clock::now() - begin;
+    EXPECT_GE(took, milliseconds(250)) << test.what;
+    EXPECT_LT(took, milliseconds(1200)) << test.what;
+  }
+}
+
 TEST_F(Http, WhatCannotBeSentGivesNothing) {
   int closedPort = 0;
   {

@@ -171,9 +171,12 @@ void HeadlessToolkit::showModal(Form& form) {
   form.activated();
   // A dialog that closes itself as it comes up leaves nothing to answer.
   if (!form.visible()) return;
-  if (dialogs_.empty()) {
+  const bool scripted =
+      !dialogs_.empty() && (!form.unasked() || base::equalsIgnoreCase(dialogs_.front().form, form.name()));
+  if (!scripted) {
     tell({Shown::Kind::form, Icon::none, form.caption(), form.name(), {}, {}});
-    if (screen && screen(form)) return;
+    if (dialogs_.empty() && screen && screen(form)) return;
+    if (form.unasked()) return form.close();
     fail("the dialog '" + form.name() + "' came up and no script answers it; give --dialog '" + form.name() +
          ": control=value; button' (its controls: " + namesOf(form) + ")");
   }

@@ -27,7 +27,8 @@ struct Shown {
 
 /// Answers by scripts and fails loudly where a dialog comes up that none is there for: base::Error 5 whose
 /// description says which form or control, and what to do. Acts reach the controls as a user's do, so that a
-/// disabled control can't be used and a validation that refuses ends the script with an error.
+/// disabled control can't be used and a validation that refuses ends the script with an error. A form that
+/// comes up unasked is closed where the next script isn't for it.
 class HeadlessToolkit : public Toolkit {
  public:
   /// A script for a form, in the order in which the forms come up. Malformed scripts raise 5 at once.
@@ -61,6 +62,8 @@ class HeadlessToolkit : public Toolkit {
   void startTimer(Timer& timer) override;
   void stopTimer(Timer& timer) override;
   bool onScreen() const override { return false; }
+  /// Without a font, each byte of a text counts alike.
+  int textWidth(const std::string& text) override { return 7 * static_cast<int>(text.size()); }
   void processEvents() override {}
 
   /// Lets that much time pass, in milliseconds. It stands still otherwise.

@@ -103,8 +103,8 @@ void FormWindow::perform(const std::function<void()>& act) {
   loops_.perform(act);
   if (!live_) return;
   applyTopMost();
-  // A control that the act disabled or hid passes its focus on.
-  if (Control* focused = form_->focused(); focused && !focused->canFocus()) {
+  // A control that the act disabled, hid or covered passes its focus on.
+  if (Control* focused = form_->focused(); focused && !form_->reachable(*focused)) {
     loops_.perform([this] { form_->tab(); });
   }
 }

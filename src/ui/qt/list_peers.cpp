@@ -1,8 +1,11 @@
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
+#include <QIcon>
 #include <QLineEdit>
 #include <QListWidget>
 
+#include "platform/paths.h"
 #include "ui/form.h"
 #include "ui/qt/conversions.h"
 #include "ui/qt/make_peers.h"
@@ -42,6 +45,7 @@ class ComboPeer : public Peer {
         view_->setItemText(i, text);
       }
     }
+    if (box_.droppedWidth() > 0) view_->view()->setMinimumWidth(box_.droppedWidth());
     if (view_->currentIndex() != box_.listIndex()) showIndex();
     if (QLineEdit* line = view_->lineEdit(); line && line->text() != toQt(box_.text())) {
       const int cursor = line->cursorPosition();
@@ -98,7 +102,11 @@ class ListPeer : public Peer {
       QListWidgetItem& row = *view_->item(i);
       const ListItem& item = list_.items()[static_cast<std::size_t>(i)];
       row.setText(toQt(item.text));
-      if (list_.checkBoxes()) row.setCheckState(item.checked ? Qt::Checked : Qt::Unchecked);
+      if (!list_.checkBoxes()) continue;
+      row.setCheckState(item.checked ? Qt::Checked : Qt::Unchecked);
+      if (row.data(pictureFile).toString() == toQt(item.image)) continue;
+      row.setData(pictureFile, toQt(item.image));
+      row.setIcon(QIcon(toQt(platform::toSystem(item.image))));
     }
     if (selectedRow() != list_.listIndex()) view_->setCurrentRow(list_.listIndex());
   }
@@ -108,6 +116,8 @@ class ListPeer : public Peer {
     const auto selected = view_->selectedItems();
     return selected.empty() ? -1 : view_->row(selected.front());
   }
+
+  static constexpr int pictureFile = Qt::UserRole;  ///< what an item's picture was made from
 
   ListBox& list_;
   QListWidget* view_;

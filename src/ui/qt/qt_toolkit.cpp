@@ -12,6 +12,7 @@
 #include "platform/paths.h"
 #include "ui/qt/canvas_painter.h"
 #include "ui/qt/conversions.h"
+#include "ui/qt/font_measurer.h"
 #include "ui/qt/form_window.h"
 
 namespace vellumark::ui {
@@ -169,6 +170,11 @@ void QtToolkit::showModeless(Form& form) {
 void QtToolkit::startTimer(Timer& timer) {
   useApplication();
   tickers_.start(timer);
+}
+
+int QtToolkit::textWidth(const std::string& text) {
+  useApplication();
+  return qt::FontMeasurer().text(text, 1, false, 0).width;
 }
 
 void QtToolkit::processEvents() {

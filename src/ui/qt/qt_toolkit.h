@@ -35,6 +35,7 @@ class QtToolkit : public Toolkit {
   void startTimer(Timer& timer) override;
   void stopTimer(Timer& timer) override { tickers_.stop(timer); }
   bool onScreen() const override { return true; }
+  int textWidth(const std::string& text) override;
   void processEvents() override;
 
  private:

@@ -11,6 +11,7 @@ namespace vellumark::ui::win32 {
 namespace {
 
 constexpr const wchar_t* modalProperty = L"VellumarkModal";
+constexpr const wchar_t* unaskedProperty = L"VellumarkUnasked";
 
 void layAt(HWND place, const Peer& peer) {
   SetWindowPos(peer.handle(), place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -70,9 +71,12 @@ void FormWindow::makePeers() {
 void FormWindow::runModal() {
   modality_ = std::make_unique<Modality>(handle_);
   SetPropW(handle_, modalProperty, handle_);
+  if (form_->unasked()) SetPropW(handle_, unaskedProperty, handle_);
   present();
   loops_.run([this] { return live_; });
-  if (handle_) RemovePropW(handle_, modalProperty);
+  if (!handle_) return;
+  RemovePropW(handle_, modalProperty);
+  RemovePropW(handle_, unaskedProperty);
 }
 
 void FormWindow::runModeless(std::function<void(FormWindow&)> gone) {
@@ -146,8 +150,8 @@ void FormWindow::perform(const std::function<void()>& act) {
   loops_.perform(act, keepsFailures_);
   if (live_) {
     applyTopMost();
-    // A control that the act disabled or hid passes its focus on.
-    if (Control* focused = form_->focused(); focused && !focused->canFocus()) {
+    // A control that the act disabled, hid or covered passes its focus on.
+    if (Control* focused = form_->focused(); focused && !form_->reachable(*focused)) {
       loops_.perform([this] { form_->tab(); }, keepsFailures_);
     }
   }

@@ -29,6 +29,8 @@ class LabelPeer : public Peer {
 
   void show() override {
     changeStyle(SS_TYPEMASK, label_.wrapAt() > 0 ? SS_LEFT : SS_LEFTNOWORDWRAP);
+    // On a ground of its own it is taller than its line.
+    changeStyle(SS_CENTERIMAGE, label_.backColor() && label_.wrapAt() == 0 ? SS_CENTERIMAGE : 0);
     changeStyle(SS_NOPREFIX, label_.link() ? SS_NOPREFIX : 0);
     showText(handle(), toWideLines(label_.caption()));
   }

@@ -3,6 +3,7 @@
 #include "ui/form.h"
 #include "ui/win32/conversions.h"
 #include "ui/win32/make_peers.h"
+#include "ui/win32/picture_list.h"
 #include "ui/win32/system.h"
 
 namespace vellumark::ui::win32 {
@@ -61,6 +62,7 @@ class ComboPeer : public Peer {
 
   void show() override {
     if (showItems()) send(CB_SETCURSEL, static_cast<WPARAM>(-1));
+    if (box_.droppedWidth() > 0) send(CB_SETDROPPEDWIDTH, static_cast<WPARAM>(box_.droppedWidth()));
     if (static_cast<int>(send(CB_GETCURSEL)) != box_.listIndex()) showIndex();
     if (!box_.editable()) return;
     const std::wstring text = toWide(box_.text());
@@ -147,7 +149,8 @@ class ListPeer : public Peer {
 class CheckListPeer : public Peer {
  public:
   CheckListPeer(ListBox& list, PeerWindow& window) : Peer(list, window), list_(list) {
-    create(WC_LISTVIEWW, LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
+    create(WC_LISTVIEWW,
+           LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS,
            WS_EX_CLIENTEDGE);
     const LPARAM style = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
     send(LVM_SETEXTENDEDLISTVIEWSTYLE, style, style);
@@ -192,8 +195,28 @@ class CheckListPeer : public Peer {
       shown_.pop_back();
       send(LVM_DELETEITEM, shown_.size());
     }
+    loadPictures();
     for (int row = 0; row < count; ++row) showItem(row, list_.items()[static_cast<std::size_t>(row)]);
     showChosen();
+  }
+
+  /// A list without pictures leaves no room for them.
+  void loadPictures() {
+    std::vector<std::string> files;
+    for (const ListItem& item : list_.items()) {
+      if (!item.image.empty() && std::find(files.begin(), files.end(), item.image) == files.end()) {
+        files.push_back(item.image);
+      }
+    }
+    const int side = GetSystemMetrics(SM_CXSMICON);
+    if (files == files_ || !pictures_.load(files, side, window().resources())) return;
+    files_ = std::move(files);
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, pictures_.handle());
+  }
+
+  int imageOf(const ListItem& item) const {
+    const auto found = std::find(files_.begin(), files_.end(), item.image);
+    return found == files_.end() ? I_IMAGENONE : static_cast<int>(found - files_.begin());
   }
 
   void showItem(int row, const ListItem& item) {
@@ -209,6 +232,14 @@ class CheckListPeer : public Peer {
     } else if (shown_[place] != text) {
       send(LVM_SETITEMTEXTW, place, &view);
       shown_[place] = text;
+    }
+    LVITEMW picture = {};
+    picture.mask = LVIF_IMAGE;
+    picture.iItem = row;
+    send(LVM_GETITEMW, 0, &picture);
+    if (const int image = imageOf(item); picture.iImage != image) {
+      picture.iImage = image;
+      send(LVM_SETITEMW, 0, &picture);
     }
     const auto state = static_cast<UINT>(send(LVM_GETITEMSTATE, place, LVIS_STATEIMAGEMASK));
     if (state != marked(item.checked)) setState(row, marked(item.checked), LVIS_STATEIMAGEMASK);
@@ -233,6 +264,8 @@ class CheckListPeer : public Peer {
 
   ListBox& list_;
   std::vector<std::wstring> shown_;
+  PictureList pictures_;
+  std::vector<std::string> files_;  ///< of the pictures, by their place in the list
 };
 
 }  // namespace

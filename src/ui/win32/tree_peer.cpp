@@ -2,9 +2,9 @@
 #include <map>
 
 #include "ui/form.h"
-#include "ui/win32/canvas_painter.h"
 #include "ui/win32/conversions.h"
 #include "ui/win32/make_peers.h"
+#include "ui/win32/picture_list.h"
 #include "ui/win32/system.h"
 
 namespace vellumark::ui::win32 {
@@ -17,10 +17,6 @@ class TreePeer : public Peer {
            TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS |
                (tree.labelEdit() ? TVS_EDITLABELS : 0),
            WS_EX_CLIENTEDGE);
-  }
-
-  ~TreePeer() override {
-    if (pictures_) ImageList_Destroy(pictures_);
   }
 
   LRESULT notified(NMHDR& notification) override {
@@ -89,32 +85,9 @@ class TreePeer : public Peer {
   }
 
   void loadPictures() {
-    if (paths_ == tree_.images) return;
-    paths_ = tree_.images;
-    if (pictures_) ImageList_Destroy(pictures_);
     const int side = std::max(16, static_cast<int>(send(TVM_GETITEMHEIGHT)) - 2);
-    pictures_ = ImageList_Create(side, side, ILC_COLOR32, static_cast<int>(paths_.size()), 0);
-    for (const std::string& path : paths_) {
-      HBITMAP picture = loadPicture(path, side, window().resources());
-      // A file that can't be read keeps its place in the list.
-      if (!picture) picture = emptyPicture(side);
-      ImageList_Add(pictures_, picture, nullptr);
-      DeleteObject(picture);
-    }
-    send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(pictures_));
-  }
-
-  static HBITMAP emptyPicture(int side) {
-    HDC screen = GetDC(nullptr);
-    HDC memory = CreateCompatibleDC(screen);
-    HBITMAP bitmap = CreateCompatibleBitmap(screen, side, side);
-    const HGDIOBJ before = SelectObject(memory, bitmap);
-    const RECT area = {0, 0, side, side};
-    FillRect(memory, &area, GetSysColorBrush(COLOR_WINDOW));
-    SelectObject(memory, before);
-    DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
-    return bitmap;
+    if (!pictures_.load(tree_.images, side, window().resources())) return;
+    send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(pictures_.handle()));
   }
 
   /// Keeps the items of nodes that are still in their place, and with them what is scrolled and edited.
@@ -176,8 +149,8 @@ class TreePeer : public Peer {
   }
 
   int imageOf(const TreeView::Node& node) const {
-    return node.image > 0 && static_cast<std::size_t>(node.image) <= paths_.size() ? node.image - 1
-                                                                                   : I_IMAGENONE;
+    return node.image > 0 && static_cast<std::size_t>(node.image) <= pictures_.size() ? node.image - 1
+                                                                                      : I_IMAGENONE;
   }
 
   void showNode(HTREEITEM item, const TreeView::Node& node) {
@@ -206,8 +179,7 @@ class TreePeer : public Peer {
   TreeView& tree_;
   std::map<HTREEITEM, Shown> shown_;
   HTREEITEM selected_ = nullptr;
-  std::vector<std::string> paths_;
-  HIMAGELIST pictures_ = nullptr;
+  PictureList pictures_;
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include "ui/win32/conversions.h"
 #include "ui/win32/file_dialogs.h"
+#include "ui/win32/font_measurer.h"
 #include "ui/win32/input_form.h"
 #include "ui/win32/system.h"
 
@@ -97,6 +98,10 @@ void Win32Toolkit::showModeless(Form& form) {
   window.runModeless([this](FormWindow& gone) {
     std::erase_if(modeless_, [&](const auto& each) { return each.get() == &gone; });
   });
+}
+
+int Win32Toolkit::textWidth(const std::string& text) {
+  return FontMeasurer(resources_).text(text, 1, false, 0).width;
 }
 
 void Win32Toolkit::processEvents() { loops_.dispatchPending(); }

@@ -31,6 +31,7 @@ class Win32Toolkit : public Toolkit {
   void startTimer(Timer& timer) override { tickers_.start(timer); }
   void stopTimer(Timer& timer) override { tickers_.stop(timer); }
   bool onScreen() const override { return true; }
+  int textWidth(const std::string& text) override;
   void processEvents() override;
 
  private:
