@@ -276,10 +276,11 @@ void Settings::saveLanguages() {
   }
 }
 
+/// Where there is no list, its setting stays for the host that has one.
 void Settings::saveTools() {
+  if (toolKeys_.empty()) return;
   std::string shown;
-  std::vector<host::CommandBarControl> controls;
-  if (!toolKeys_.empty()) controls = toolControls();
+  std::vector<host::CommandBarControl> controls = toolControls();
   for (std::size_t i = 0; i < toolKeys_.size(); ++i) {
     const host::CommandBarControl control = takeControl(controls, toolKeys_[i]);
     const bool on = tlnList.checked(static_cast<int>(i));

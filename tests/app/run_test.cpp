@@ -142,7 +142,7 @@ TEST_F(Run, RefusedCommandsSayWhatTheyNeed) {
       {"alignLefts", {"--view", "sorter", "--slides", "1,2"}, "at least 2 shapes"},
       {"alignLefts", {"--select", "Master", "--host", "11.0"}, "disabled"},
       {"stretchTop", {"--select", "Askew,Master", "--host", "11.0"}, "disabled"},
-      {"showSettings", {}, "not in this build"},
+      {"showSettings", {}, "no script answers it"},
       {"reference", {}, "--host 11.0"},
       {"wrapText", {}, "only shapes that take text"},
   };

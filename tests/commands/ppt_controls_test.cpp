@@ -113,12 +113,13 @@ TEST_F(Toolbars, ClicksCountByName) {
       {"disconnectAgendaSlides", "statsTrimlineTools 1; ", "If you disconnect agenda slides"},
       {"setLanguage 1031", "statsTrimlineTools 1; ", ""},
       {"insertCopyright 2", "statsSlideWizard 1; ", "copyright_slide.ppt' could not be found."},
-      {"!showSettings", "", "\"Settings\""},
+      {"!showSettings", "", "presentations - Settings"},
       {"ALIGNrights", "statsTrimlineTools 1; ", ""},
       {"!nonsense 1", "", "pptControls, tlnButton_Click: 438"},
       {"alignTops 1", "statsTrimlineTools 1; ", "pptControls, tlnButton_Click: 450"},
       {"", "statsTrimlineTools 1; ", "pptControls, tlnButton_Click: 438"},
   };
+  messages.toolkit().addDialog("Settings: btnClose");
   for (const Case& c : cases) {
     SCOPED_TRACE(c.parameter);
     clearCounters();

@@ -252,6 +252,10 @@ TEST_F(SettingsTest, ToolsAreShownAndHiddenAtOnceAndAtTheNextStart) {
   EXPECT_FALSE(isListed("1100") || isListed("1142") || isListed("1233") || isListed(""));
   EXPECT_TRUE(isListed("1101") && isListed("1240"));
 
+  start("14.0");
+  work("btnSave");
+  EXPECT_TRUE(isListed("1101")) << "a host without the list leaves it alone";
+
   open("11.0");
   EXPECT_FALSE(entry("Align left to master left").Visible());
   EXPECT_TRUE(entry("Align center to master center").Visible());

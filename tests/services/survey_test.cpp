@@ -100,9 +100,7 @@ TEST_F(SurveyTest, BothStepsArePostedAndTheReplyDecides) {
     SCOPED_TRACE(c.reply);
     LoopbackServer post(reply(c.reply));
     messages_.toolkit().addDialog(std::string(firstAnswers) + "btn2");
-    messages_.toolkit().addDialog(std::string(secondAnswers) +
-                                  "q9='Gr\xC3\xB6\xC3\x9F"
-                                  "e & more'; btn2");
+    messages_.toolkit().addDialog(std::string(secondAnswers) + "q9='Größe & more'; btn2");
     messages_.toolkit().observer = [&, told = messages_.toolkit().observer](const ui::Shown& shown) {
       if (shown.name == "Survey2") reach(post);
       told(shown);

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "ui/form.h"
+#include "ui/pages_form.h"
 
 namespace vellumark::ui {
 namespace {
@@ -99,6 +100,31 @@ TEST(Layout, WhatStretchesTakesWhatIsLeft) {
       << "the space pushes the buttons";
   EXPECT_EQ(wide.places.at(&form.name).x, wide.places.at(&form.phone).x) << "columns are in line";
   EXPECT_EQ(wide.places.at(&form.name).width, wide.places.at(&form.phone).width);
+}
+
+TEST(Layout, OfPagesInOnePlaceOnlyTheFrontOneIsSeen) {
+  const FixedMeasurer measurer;
+  PagesForm form;
+  const auto seen = [&] {
+    std::string names;
+    const Arrangement places = arrange(form.layout(), measurer);
+    for (const Control* control : form.controls()) {
+      EXPECT_EQ(places.places.contains(control) || control == &form.page[0] || control == &form.page[1],
+                !isCovered(form.layout(), *control));
+      if (places.places.contains(control)) names += control->name() + " ";
+    }
+    return names;
+  };
+  const Size size = arrange(form.layout(), measurer).size;
+  EXPECT_EQ(seen(), "second page(0) text answer ");
+  EXPECT_TRUE(form.reachable(form.text));
+  EXPECT_FALSE(form.reachable(form.marks));
+  EXPECT_TRUE(form.click(form.second));
+  EXPECT_EQ(seen(), "second page(1) marks ");
+  EXPECT_EQ(arrange(form.layout(), measurer).size, size) << "room for the largest page, whichever is seen";
+  EXPECT_TRUE(form.focus(form.marks));
+  EXPECT_TRUE(form.tab());
+  EXPECT_EQ(form.focused(), &form.marks) << "the tab key passes over what is covered";
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -27,6 +28,7 @@
 #include "base/error.h"
 #include "ui/everything_form.h"
 #include "ui/keys.h"
+#include "ui/pages_form.h"
 #include "ui/qt/canvas_painter.h"
 #include "ui/qt/qt_toolkit.h"
 
@@ -112,6 +114,27 @@ TEST_F(QtTest, CutsNothing) {
     QTest::qWait(1);
     EXPECT_GE(of<QCheckBox>(form.check).width(), of<QCheckBox>(form.check).sizeHint().width());
     EXPECT_GT(window_->width(), natural.width());
+  });
+}
+
+TEST_F(QtTest, PagesComeToTheFront) {
+  PagesForm form;
+  form.marks.image(0, TEST_SOURCE_DIR "/product/program/ui/zp_1032_16.png");
+  show(form, [&] {
+    const auto seen = [&](const Control& control) { return !of<QWidget>(control).size().isEmpty(); };
+    EXPECT_TRUE(seen(form.text) && seen(form.page[0]));
+    EXPECT_FALSE(seen(form.marks) || seen(form.page[1]));
+    EXPECT_GE(of<QComboBox>(form.answer).view()->minimumWidth(), 333);
+    EXPECT_EQ(of<QLabel>(form.second).cursor().shape(), Qt::PointingHandCursor);
+    EXPECT_EQ(focused(), "text");
+    click(form.second);
+    QTest::qWait(1);
+    EXPECT_FALSE(seen(form.text) || seen(form.page[0]));
+    EXPECT_TRUE(seen(form.marks) && seen(form.page[1]));
+    EXPECT_EQ(focused(), "marks") << "the focus leaves what is covered";
+    const auto& marks = of<QListWidget>(form.marks);
+    EXPECT_FALSE(marks.item(0)->icon().isNull());
+    EXPECT_TRUE(marks.item(1)->icon().isNull());
   });
 }
 

@@ -5,8 +5,10 @@
 #include <vector>
 
 #include "base/error.h"
+#include "platform/paths.h"
 #include "ui/everything_form.h"
 #include "ui/keys.h"
+#include "ui/pages_form.h"
 #include "ui/win32/conversions.h"
 #include "ui/win32/system.h"
 #include "ui/win32/win32_toolkit.h"
@@ -141,6 +143,38 @@ void look(const std::function<void()>& pump) {
     Sleep(20);
     pump();
   }
+}
+
+TEST_F(Win32Test, PagesComeToTheFront) {
+  PagesForm form;
+  form.marks.image(0, platform::fromSystem(TEST_SOURCE_DIR "/product/program/ui/zp_1032_16.png"));
+  show(form, [&] {
+    look([&] { pump(); });
+    const auto seen = [&](const Control& control) {
+      RECT area = {};
+      GetWindowRect(of(control), &area);
+      return area.right > area.left;
+    };
+    EXPECT_TRUE(seen(form.text) && seen(form.page[0]));
+    EXPECT_FALSE(seen(form.marks) || seen(form.page[1]));
+    EXPECT_EQ(send(form.answer, CB_GETDROPPEDWIDTH), 333);
+    EXPECT_EQ(focused(), "text");
+    click(form.second);
+    wait([&] { return seen(form.marks); });
+    EXPECT_FALSE(seen(form.text) || seen(form.page[0]));
+    EXPECT_TRUE(seen(form.marks) && seen(form.page[1]));
+    EXPECT_EQ(focused(), "marks") << "the focus leaves what is covered";
+    const auto pictureOf = [&](int row) {
+      LVITEMW item = {};
+      item.mask = LVIF_IMAGE;
+      item.iItem = row;
+      send(form.marks, LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+      return item.iImage;
+    };
+    EXPECT_EQ(pictureOf(0), 0);
+    EXPECT_EQ(pictureOf(1), I_IMAGENONE);
+    look([&] { pump(); });
+  });
 }
 
 TEST_F(Win32Test, CutsNothing) {
