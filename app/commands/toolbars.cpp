@@ -41,24 +41,7 @@ class Entry {
   }
 
   std::string tree(int depth) const {
-    std::string text(static_cast<std::size_t>(depth) * 2, ' ');
-    text += hostId_ != 0 ? "(host control " + std::to_string(hostId_) + ")" : caption_;
-    if (type_ == host::msoControlDropdown) text += "(box)";
-    if (!parameter_.empty()) text += " [" + parameter_ + "]";
-    if (beginGroup_) text += ", new group";
-    if (!visible_) text += ", hidden";
-    if (!enabled_) text += ", disabled";
-    if (state_ == host::msoButtonDown) text += ", pressed";
-    if (state_ == host::msoButtonMixed) text += ", mixed";
-    if (helpId_ != 0) text += ", help " + std::to_string(helpId_);
-    if (!icon_.empty()) text += ", icon " + icon_;
-    if (face_ > 0) text += ", face " + std::to_string(face_);
-    if (!icon_.empty() && !picture_) text += " (without picture)";
-    for (std::size_t i = 0; i < items_.size(); ++i) {
-      text += (i == 0 ? ": " : " | ") + (static_cast<int>(i) + 1 == chosen_ ? "*" + items_[i] : items_[i]);
-    }
-    text = std::string(text, 0, static_cast<std::size_t>(depth) * 2) +
-           oneLine(text.substr(static_cast<std::size_t>(depth) * 2)) + "\n";
+    std::string text = std::string(static_cast<std::size_t>(depth) * 2, ' ') + oneLine(line()) + "\n";
     for (const Entry& child : children_) text += child.tree(depth + 1);
     return text;
   }
@@ -92,6 +75,24 @@ class Entry {
   }
 
  private:
+  std::string line() const {
+    std::string text = hostId_ != 0 ? "(host control " + std::to_string(hostId_) + ")" : caption_;
+    if (type_ == host::msoControlDropdown) text += "(box)";
+    if (!parameter_.empty()) text += " [" + parameter_ + "]";
+    if (beginGroup_) text += ", new group";
+    if (!visible_) text += ", hidden";
+    if (!enabled_) text += ", disabled";
+    if (state_ == host::msoButtonDown) text += ", pressed";
+    if (state_ == host::msoButtonMixed) text += ", mixed";
+    if (helpId_ != 0) text += ", help " + std::to_string(helpId_);
+    if (!icon_.empty()) text += ", icon " + icon_;
+    if (face_ > 0) text += ", face " + std::to_string(face_);
+    if (!icon_.empty() && !picture_) text += " (without picture)";
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+      text += (i == 0 ? ": " : " | ") + (static_cast<int>(i) + 1 == chosen_ ? "*" + items_[i] : items_[i]);
+    }
+    return text;
+  }
   void readButton(const host::CommandBarControl& control) {
     state_ = control.State();
     face_ = control.FaceId();

@@ -8,7 +8,6 @@
 #include "core/globals.h"
 #include "platform/keyboard.h"
 #include "platform/paths.h"
-#include "ui/toolkit.h"
 
 namespace vellumark::services {
 namespace {
@@ -73,7 +72,6 @@ void Icons::HelpTimer_Timer() {
 }
 
 void Icons::keepScreenSaverAway(bool on) {
-  if (on && !view()) ui::toolkit().runHidden(*this);
   screensaverTimer.enabled(on);
   if (!on) activity_.reset();
 }
