@@ -85,9 +85,12 @@ class Entry {
     if (state_ == host::msoButtonDown) text += ", pressed";
     if (state_ == host::msoButtonMixed) text += ", mixed";
     if (helpId_ != 0) text += ", help " + std::to_string(helpId_);
-    if (!icon_.empty()) text += ", icon " + icon_;
+    if (!icon_.empty()) {
+      text += ", icon " + icon_ + (picture_ ? "" : " (without picture)");
+    } else if (picture_) {
+      text += ", picture";
+    }
     if (face_ > 0) text += ", face " + std::to_string(face_);
-    if (!icon_.empty() && !picture_) text += " (without picture)";
     for (std::size_t i = 0; i < items_.size(); ++i) {
       text += (i == 0 ? ": " : " | ") + (static_cast<int>(i) + 1 == chosen_ ? "*" + items_[i] : items_[i]);
     }
