@@ -67,6 +67,14 @@ TEST_F(PresentationEvents, TemporaryFoldersAreToldOncePerName) {
   presentation.SaveAs(folder.path("third.pptx"));
   events->noTempFolderWarning = true;
   EXPECT_EQ(saved(), Texts{});
+  // A save that is stopped is none.
+  events->noTempFolderWarning = false;
+  presentation.SaveAs(folder.path("fourth.pptx"));
+  slide(1).Tags().Add("zorp_hiddenShapes", "1");
+  EXPECT_TRUE(saveIsStopped({"OK", "No"}));
+  messages.take();
+  slide(1).Tags().Delete("zorp_hiddenShapes");
+  EXPECT_EQ(saved(), Texts{temporary});
 }
 
 TEST_F(PresentationEvents, TheFolderOfWebPagesIsTemporaryToo) {
