@@ -16,6 +16,7 @@
 #include "commands/ribbon.h"
 #include "commands/run.h"
 #include "commands/show.h"
+#include "commands/toolbars.h"
 #include "console.h"
 #include "core/config.h"
 
@@ -71,9 +72,18 @@ Examples:
   vellumark ribbon deck.pptx --slide 3 --select 'Box 1,Box 2'
   vellumark ribbon deck.pptx --slides 2-4 --json)";
 
+const char* const toolbarsHelp =
+    R"(Each control of the add-in's bars with what it runs, the id of its help, its picture and the state that it has for the
+selection; without DECK no window is open.
+
+Examples:
+  vellumark toolbars
+  vellumark toolbars deck.pptx --slide 3 --select 'Box 1,Box 2' --host 9.0
+  vellumark toolbars deck.pptx --slides 2-4 --json)";
+
 const char* const insertHelp =
     R"(ELEMENT is one of the Slide Wizard's (menu, gallery and name) or of your own (My Elements, group and name), as
-"vellumark ribbon" lists them. It comes in the style of --style, else in the one that was chosen for the deck before,
+"vellumark ribbon" lists them ("vellumark toolbars" with --host 9.0 to 11.0). It comes in the style of --style, else in the one that was chosen for the deck before,
 else in the one that suits the slides. Its colours and fonts are those of the deck.
 
 Examples:
@@ -155,10 +165,10 @@ void addSituation(CLI::App& command, Situation& situation) {
       ->excludes(text);
   command.add_option("--copy", situation.copy, copyDescription)->option_text("A,B,C");
   command.add_option("--view", situation.view, viewDescription)->option_text("TYPE");
-  command.add_option("--style", situation.style, "Choose a style on the ribbon (default: the first)")
-      ->option_text("NAME");
+  command.add_option("--style", situation.style, "Choose a style (default: the first)")->option_text("NAME");
   command
-      .add_option("--host", situation.host, "The version that the host reports: 9.0 to 16.0 (default 14.0)")
+      .add_option("--host", situation.host,
+                  "The version that the host reports: 9.0 to 16.0 (default " + situation.host + ")")
       ->option_text("VERSION")
       ->check(CLI::IsMember({"9.0", "10.0", "11.0", "12.0", "14.0", "15.0", "16.0"}));
 }
@@ -199,6 +209,17 @@ void addRibbon(CLI::App& program, RibbonOptions& options) {
       ->option_text("DIR");
   ribbon.add_flag("--json", options.json, "As JSON");
   describe(ribbon, ribbonHelp);
+}
+
+void addToolbars(CLI::App& program, ToolbarsOptions& options) {
+  CLI::App& toolbars =
+      *program.add_subcommand("toolbars", "Show the add-in's toolbars on a host before the ribbon");
+  toolbars.add_option("DECK", options.deck, "The presentation, a .pptx file")->option_text(" ");
+  addSituation(toolbars, options);
+  toolbars.add_option("--root", options.root, "The installation (default: the program's own)")
+      ->option_text("DIR");
+  toolbars.add_flag("--json", options.json, "As JSON");
+  describe(toolbars, toolbarsHelp);
 }
 
 void addRun(CLI::App& program, RunOptions& options) {
@@ -277,6 +298,8 @@ Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surro
   addInsert(program, insertOptions);
   RibbonOptions ribbonOptions;
   addRibbon(program, ribbonOptions);
+  ToolbarsOptions toolbarsOptions;
+  addToolbars(program, toolbarsOptions);
   AgendaCommandOptions agendaOptions;
   addAgenda(program, agendaOptions);
   addDemo(program, demoOptions);
@@ -304,6 +327,7 @@ Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surro
   if (subcommand == "run") return run(runOptions, surroundings);
   if (subcommand == "insert") return insert(insertOptions, surroundings);
   if (subcommand == "ribbon") return ribbon(ribbonOptions, surroundings);
+  if (subcommand == "toolbars") return toolbars(toolbarsOptions, surroundings);
   if (subcommand == "agenda") return agenda(agendaOptions, surroundings);
   return demo(demoOptions, surroundings);
 }

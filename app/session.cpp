@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "arguments.h"
+#include "bars.h"
 #include "base/text.h"
 #include "base/trap.h"
 #include "commands/ribbon_callbacks.h"
@@ -41,18 +42,36 @@ host::Presentation Session::open(const std::string& path) {
   });
 }
 
-void Session::chooseStyle(const std::string& name) {
-  if (!ribbon_) throw Failure(Exit::usage, "--style: only a host with a ribbon has the chooser: --host 14.0");
-  const host::Value chooser(ribbonControl(commands::styleChooser).object());
-  const int count = addIn_->callBack("style_getItemCount", {chooser}).toInt();
+std::vector<std::string> Session::styles() const {
   std::vector<std::string> names;
-  for (int i = 1; i < count; ++i) {  // item 0 stands for no style
-    names.push_back(addIn_->callBack("style_getItemLabel", {chooser, i}).toString());
-    if (!base::equalsIgnoreCase(names.back(), name)) continue;
-    addIn_->callBack("style_onAction", {chooser, std::string(), i});
-    return;
+  if (ribbon_) {
+    const host::Value chooser(ribbonControl(commands::styleChooser).object());
+    const int count = addIn_->callBack("style_getItemCount", {chooser}).toInt();
+    for (int i = 1; i < count; ++i) {  // item 0 stands for no style
+      names.push_back(addIn_->callBack("style_getItemLabel", {chooser, i}).toString());
+    }
+  } else if (const host::CommandBarControl box = findStyleBox(application().CommandBars())) {
+    const int count = box.ListCount();
+    for (int i = 2; i <= count; ++i) names.push_back(box.List(i));  // the first stands for no style
   }
-  refuseName("--style", "style", name, names);
+  return names;
+}
+
+void Session::chooseStyle(const std::string& name) {
+  const std::vector<std::string> names = styles();
+  const auto found = std::find_if(names.begin(), names.end(), [&](const std::string& style) {
+    return base::equalsIgnoreCase(style, name);
+  });
+  if (found == names.end()) refuseName("--style", "style", name, names);
+  const int place = static_cast<int>(found - names.begin()) + 1;
+  if (ribbon_) {
+    const host::Value chooser(ribbonControl(commands::styleChooser).object());
+    addIn_->callBack("style_onAction", {chooser, std::string(), place});
+  } else {
+    const host::CommandBarControl box = findStyleBox(application().CommandBars());
+    box.ListIndex(place + 1);
+    box.Execute();
+  }
 }
 
 void Session::goToSlide(std::int32_t slide) {

@@ -59,6 +59,8 @@ class Session {
   void save(const std::string& out = {});
 
  private:
+  /// The names in the chooser of styles.
+  std::vector<std::string> styles() const;
   /// The shapes in view that references mean, each once; `option` named them.
   std::vector<host::Shape> findShapes(const std::string& references, const std::string& option) const;
 

@@ -123,7 +123,8 @@ std::string getMyElementsFile() {
 }
 
 void refreshMyElementsMenu() {
-  if (!core::isHostVersion(host::toolbarHosts)) globals().ribbonUI.InvalidateControl(elementsMenu);
+  if (!core::isHostVersion(host::toolbarHosts)) return globals().ribbonUI.InvalidateControl(elementsMenu);
+  if (globals().toolbarControls) globals().toolbarControls->generateMyElementsMenu();
 }
 
 }  // namespace vellumark::library

@@ -1,5 +1,6 @@
 // The two toggles on text: fitting the shape to it, and wrapping it.
 
+#include "core/config.h"
 #include "core/failure.h"
 #include "core/globals.h"
 #include "tools/selected_shapes.h"
@@ -13,7 +14,7 @@ using core::trap;
 host::CommandBarControl toggleButton(const std::string& caption) {
   return core::globals()
       .powerPointApp.CommandBars()
-      .Item("Vellumark for presentations - Trimline Tools")
+      .Item(core::toolsBarName)
       .Controls()
       .Item(caption);
 }

@@ -105,7 +105,6 @@ TEST_F(Insert, WhatIsNotThereIsToldInOneLine) {
       {"My Elements/Arrows/1", {}, 2, "\"vellumark ribbon\" lists them"},
       {"a\"b/c/d", {}, 2, "\"vellumark ribbon\" lists them"},
       {"Diagrams/Processes/0", {}, 2, "there is no element \"0\""},
-      {"Diagrams/Processes/1", {"--host", "11.0"}, 2, "only hosts with a ribbon"},
       {"Diagrams/Processes/1", {"--style", "Red"}, 2, "there is no style \"Red\""},
       {"Diagrams/Processes/1", {"--view", "sorter"}, 0, "Please go to normal view."},
   };

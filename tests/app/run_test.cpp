@@ -262,8 +262,6 @@ TEST_F(Run, NoticesComeFromTheStyleThatIsChosen) {
   EXPECT_NE(second.find("Confidential"), std::string::npos);
   EXPECT_EQ(second.find("44546A"), std::string::npos);
   EXPECT_EQ(runCommand("insertCopyright 1", deck_, {"--style", "Green"}).status, 2);
-  EXPECT_EQ(runCommand("insertCopyright 1", deck_, {"--style", "Vellumark Grey", "--host", "11.0"}).status,
-            2);
 }
 
 TEST_F(Run, ElementsAreKeptFromRunToRun) {
