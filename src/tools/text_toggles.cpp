@@ -12,11 +12,7 @@ namespace {
 using core::trap;
 
 host::CommandBarControl toggleButton(const std::string& caption) {
-  return core::globals()
-      .powerPointApp.CommandBars()
-      .Item(core::toolsBarName)
-      .Controls()
-      .Item(caption);
+  return core::globals().powerPointApp.CommandBars().Item(core::toolsBarName).Controls().Item(caption);
 }
 
 /// A frame that holds no text takes on the property only once some was written.
