@@ -19,7 +19,7 @@ Survey1::Survey1() : Form("Survey1", std::string(core::productTitle) + " - Surve
   intro.bold(true);
   for (std::size_t i = 0; i < feature.size(); ++i) {
     feature[i].caption(std::string(survey::features[i].name) + " - " + survey::features[i].description);
-    feature[i].wrapAt(58);
+    feature[i].wrapAt(64);
   }
   btn2.isDefault(true);
   arrange();

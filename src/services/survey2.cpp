@@ -40,7 +40,7 @@ Survey2::Survey2(std::string answers)
 
 void Survey2::arrange() {
   using ui::Box;
-  layout(ui::column({Box(intro), ui::row({Box(q7Label), Box(q7).stretch()}), Box(q8Label), Box(uLabel),
+  layout(ui::column({Box(intro), ui::row({Box(q7Label), Box(q7).stretch()}), Box(uLabel), Box(q8Label),
                      ui::grid(4, {Box(feature[0]), Box(description[0]), Box(u1), Box(q8_1).stretch(),
                                   Box(feature[1]), Box(description[1]), Box(u2), Box(q8_2).stretch(),
                                   Box(feature[2]), Box(description[2]), Box(u3), Box(q8_3).stretch(),

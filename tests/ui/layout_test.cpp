@@ -105,6 +105,7 @@ TEST(Layout, WhatStretchesTakesWhatIsLeft) {
 TEST(Layout, OfPagesInOnePlaceOnlyTheFrontOneIsSeen) {
   const FixedMeasurer measurer;
   PagesForm form;
+  form.load();
   const auto seen = [&] {
     std::string names;
     const Arrangement places = arrange(form.layout(), measurer);
