@@ -2,8 +2,6 @@
 
 #include <memory>
 
-#include "ui/toolkit.h"
-
 namespace vellumark::services {
 namespace {
 
@@ -22,7 +20,6 @@ Icons::Icons() : Form("Icons", "") {
 }
 
 void Icons::keepScreenSaverAway(bool on) {
-  if (on && !view()) ui::toolkit().runHidden(*this);
   screensaverTimer.enabled(on);
   if (!on) activity_.reset();
 }

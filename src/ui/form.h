@@ -22,6 +22,8 @@ class FormView {
   virtual void focusChanged(Control* control) = 0;
   /// The form is to be shown or no longer shown.
   virtual void visibilityChanged(bool visible) = 0;
+  /// Does what the form does by itself, as in a tick; its failure goes to whoever waits for the form.
+  virtual void perform(const std::function<void()>& act) = 0;
 };
 
 class Form {
@@ -37,6 +39,9 @@ class Form {
   bool topMost() const { return topMost_; }
   /// Keeps the form above all other windows.
   void topMost(bool on) { topMost_ = on; }
+  bool bare() const { return bare_; }
+  /// Shows the form without a caption and a frame of its own; only while it isn't shown.
+  void bare(bool on) { bare_ = on; }
 
   // Life. A form is loaded on first use, shown and hidden any number of times, and unloaded at the end.
   void load();
@@ -56,8 +61,16 @@ class Form {
   std::function<void()> onUnload;
   /// A click beside all controls.
   std::function<void()> onClick;
+  /// A key goes down, before the control that has the focus sees it: its code and the keys held down
+  /// (keys.h).
+  std::function<void(int keyCode, int shift)> onKeyDown;
+  /// A character is typed, likewise. A handler that sets it to 0 keeps it from the control.
+  std::function<void(char32_t& key)> onKeyPress;
 
   // What a user does. Each of these keeps the rules of focus and validation.
+  void keyDown(int keyCode, int shift) const;
+  /// Whether the control that has the focus is to see the character. Those that print nothing it always sees.
+  bool keyPress(char32_t key) const;
   /// Moves the focus. Leaving a control asks its onValidate first, if the new one causes validation; a
   /// control that refuses keeps the focus, and the answer is false. So it is for a control that can't have
   /// the focus now.
@@ -101,13 +114,14 @@ class Form {
   void adopt(Control& control) { controls_.push_back(&control); }
   void forget(Control& control);
   void setVisible(bool visible);
-  void leaveScreen();
+  void followTimers() const;
   void focusFirst();
   bool validateFocused(const Control& next);
 
   std::string name_;
   std::string caption_;
   bool topMost_ = false;
+  bool bare_ = false;
   bool loaded_ = false;
   bool visible_ = false;
   bool unloading_ = false;

@@ -1,6 +1,7 @@
 #include "ui/layout.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 #include "ui/controls.h"
@@ -25,6 +26,12 @@ Box grid(int columns, std::vector<Box> children) {
   Box box = row(std::move(children));
   box.kind_ = Box::Kind::grid;
   box.columns_ = std::max(1, columns);
+  return box;
+}
+
+Box layers(std::vector<Box> children) {
+  Box box = row(std::move(children));
+  box.kind_ = Box::Kind::layers;
   return box;
 }
 
@@ -73,6 +80,10 @@ class Engine {
         return placeLine(box, area, false);
       case Box::Kind::grid:
         return placeGrid(box, area);
+      case Box::Kind::layers:
+        for (const Box& child : box.children())
+          place(child, aligned(child, aligned(child, area, false), true));
+        return;
       case Box::Kind::empty:
       case Box::Kind::space:
         return;
@@ -104,6 +115,14 @@ class Engine {
         const auto [widths, heights] = gridTracks(box);
         const int gap = gapOf(box);
         return {total(widths, gap), total(heights, gap)};
+      }
+      case Box::Kind::layers: {
+        Size size;
+        for (const Box& child : box.children()) {
+          const Size own = natural(child);
+          size = {std::max(size.width, own.width), std::max(size.height, own.height)};
+        }
+        return size;
       }
       default:
         return {};
@@ -250,7 +269,10 @@ class Engine {
     if (dynamic_cast<const ScrollBar*>(&control)) return {line + 4, field};
     if (dynamic_cast<const ProgressBar*>(&control)) return {24 * character_.width, line};
     if (const auto* picture = dynamic_cast<const PictureBox*>(&control)) {
-      return {picture->canvas().width(), picture->canvas().height()};
+      const auto scaled = [&](int pixels) {
+        return static_cast<int>(std::lround(pixels * measurer_.canvasScale()));
+      };
+      return {scaled(picture->canvas().width()), scaled(picture->canvas().height())};
     }
     if (dynamic_cast<const ColorBox*>(&control)) return {2 * line, field};
     if (dynamic_cast<const Line*>(&control)) return {0, 2};

@@ -5,6 +5,7 @@
 #include "base/conversions.h"
 #include "base/error.h"
 #include "base/text.h"
+#include "ui/keys.h"
 
 namespace vellumark::ui {
 namespace {
@@ -202,18 +203,86 @@ void HeadlessToolkit::showModeless(Form& form) {
   form.activated();
 }
 
+void HeadlessToolkit::startTimer(Timer& timer) { timers_.push_back({&timer, now_ + timer.interval()}); }
+
+void HeadlessToolkit::stopTimer(Timer& timer) {
+  std::erase_if(timers_, [&](const RunningTimer& each) { return each.timer == &timer; });
+}
+
+/// A tick may start, stop and change timers.
+void HeadlessToolkit::pass(int milliseconds) {
+  const std::int64_t end = now_ + milliseconds;
+  for (;;) {
+    const auto next = std::ranges::min_element(timers_, {}, &RunningTimer::due);
+    if (next == timers_.end() || next->due > end) break;
+    now_ = next->due;
+    next->due += next->timer->interval();
+    next->timer->tick();
+  }
+  now_ = end;
+}
+
+namespace {
+
+/// A character at the form: where the form doesn't keep it, a text field that has the focus gets it.
+void type(Form& form, char16_t unit) {
+  char32_t key = unit;
+  if (const int code = keys::codeOf(key)) form.keyDown(code, 0);
+  if (!form.visible() || !form.keyPress(key)) return;
+  auto* box = dynamic_cast<TextBox*>(form.focused());
+  if (!box || box->locked()) return;
+  if (box->onKeyPress) box->onKeyPress(key);
+  if (key == 0) return;
+  std::u16string text = base::toUtf16(box->text());
+  const auto start = std::min(static_cast<std::size_t>(std::max(0, box->selStart())), text.size());
+  text.replace(start, static_cast<std::size_t>(std::max(0, box->selLength())), 1, static_cast<char16_t>(key));
+  box->userSelected(static_cast<int>(start) + 1, 0);
+  box->text(base::fromUtf16(text));
+}
+
+void press(Form& form, int key) {
+  form.keyDown(key, 0);
+  if (!form.visible()) return;
+  if (key == keys::escape) form.pressEscape();
+  if (key == keys::enter) form.pressEnter();
+  if (key == keys::tab) form.tab();
+  if (const auto character = static_cast<char32_t>(key); keys::codeOf(character) == key)
+    form.keyPress(character);
+}
+
+}  // namespace
+
+void HeadlessToolkit::performOnForm(Form& form, const DialogStep& step, const std::string& where) {
+  if (step.act == "click") return form.clickBackground();
+  if (step.act == "close") return form.close();
+  if (step.act == "wait") return pass(number(step.value, where));
+  if (step.act == "type") {
+    for (const char16_t unit : base::toUtf16(step.value)) type(form, unit);
+    return;
+  }
+  if (step.act != "press") fail(where + ": a form knows no act '" + step.act + "'");
+  const std::optional<int> key = keys::codeOf(step.value);
+  if (!key) fail(where + ": there is no key '" + step.value + "'");
+  press(form, *key);
+}
+
 void HeadlessToolkit::perform(Form& form, const DialogStep& step) {
   const std::string where = "dialog '" + form.name() + "', step '" + step.text + "'";
-  if (base::equalsIgnoreCase(step.control, "form")) {
-    if (step.act == "click") return form.clickBackground();
-    if (step.act == "close") return form.close();
-  }
+  if (base::equalsIgnoreCase(step.control, "form")) return performOnForm(form, step, where);
   Control* control = form.find(step.control);
   if (!control) {
     fail(where + ": there is no control '" + step.control + "'; there are " + namesOf(form));
   }
   if (!control->visible()) fail(where + ": the control is not visible");
   if (!control->enabled()) fail(where + ": the control is disabled");
+  if (const auto click = pictureClickOf(step)) {
+    const auto* picture = dynamic_cast<const PictureBox*>(control);
+    if (!picture) fail(where + ": only pictures are clicked at a place");
+    picture->mouseDown(click->button, 0, click->x, click->y);
+    picture->mouseUp(click->button, 0, click->x, click->y);
+    if (click->button == 1) form.click(*control);
+    return;
+  }
   if (step.kind == DialogStep::Kind::click || step.act == "click") {
     if (!form.click(*control))
       fail(where + ": the field '" + (form.focused() ? form.focused()->name() : "") +

@@ -1,6 +1,7 @@
 #pragma once
 // The toolkit without a screen: dialogs are worked by scripts, boxes answered in advance.
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <string>
@@ -57,15 +58,27 @@ class HeadlessToolkit : public Toolkit {
   void showModal(Form& form) override;
   /// A modeless form is told and left alone.
   void showModeless(Form& form) override;
-  /// Time stands still without a screen.
-  void runHidden(Form&) override {}
+  void startTimer(Timer& timer) override;
+  void stopTimer(Timer& timer) override;
+  bool onScreen() const override { return false; }
   void processEvents() override {}
+
+  /// Lets that much time pass, in milliseconds. It stands still otherwise.
+  void pass(int milliseconds);
 
  private:
   std::optional<std::string> nextAnswer();
   void tell(const Shown& shown);
   void perform(Form& form, const DialogStep& step);
+  void performOnForm(Form& form, const DialogStep& step, const std::string& where);
 
+  struct RunningTimer {
+    Timer* timer;
+    std::int64_t due;
+  };
+
+  std::vector<RunningTimer> timers_;
+  std::int64_t now_ = 0;
   std::deque<DialogScript> dialogs_;
   std::deque<std::string> answers_;
   bool sawCritical_ = false;

@@ -1,6 +1,7 @@
 #pragma once
 // Scripts that work a dialog: "FORM: control=value; control(2)=value; button".
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,16 @@ struct DialogScript {
   std::vector<DialogStep> steps;
   std::string text;  ///< as it was written
 };
+
+/// A click into a picture, at a place in the pixels of its canvas.
+struct PictureClick {
+  int button;  ///< 1 left, 2 right, 4 middle
+  double x, y;
+};
+
+/// What a step like "field!click=120,40", "field!rightclick=..." or "field!middleclick=..." means; nothing
+/// for steps that are no clicks at a place. base::Error 5 for a place that is none.
+std::optional<PictureClick> pictureClickOf(const DialogStep& step);
 
 /// Reads a script. Steps are divided by ";", a value that holds ";" or blanks at its ends stands in single or
 /// double quotes. base::Error 5 with one clear line where it is malformed.

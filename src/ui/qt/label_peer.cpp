@@ -22,15 +22,10 @@ class LabelPeer : public Peer {
     view_->setText(text());
     view_->setWordWrap(label_.wrapAt() > 0);
     view_->setAlignment(Qt::AlignLeft | (label_.wrapAt() > 0 ? Qt::AlignTop : Qt::AlignVCenter));
-    if (label_.link()) {
-      showLink();
-    } else {
-      view_->unsetCursor();
-    }
+    if (label_.link()) showLink();
   }
 
   void showLink() {
-    view_->setCursor(Qt::PointingHandCursor);
     QFont font = fontOf(label_);
     font.setUnderline(true);
     view_->setFont(font);

@@ -160,17 +160,16 @@ void QtToolkit::showModal(Form& form) {
   qt::FormWindow(form, loops_).runModal();
 }
 
-qt::FormWindow& QtToolkit::addModeless(Form& form) {
+void QtToolkit::showModeless(Form& form) {
   useApplication();
   std::erase_if(modeless_, [](const auto& window) { return window.isNull(); });
-  auto* window = new qt::FormWindow(form, loops_);
-  modeless_.emplace_back(window);
-  return *window;
+  modeless_.emplace_back(new qt::FormWindow(form, loops_))->runModeless();
 }
 
-void QtToolkit::showModeless(Form& form) { addModeless(form).runModeless(); }
-
-void QtToolkit::runHidden(Form& form) { addModeless(form).runHidden(); }
+void QtToolkit::startTimer(Timer& timer) {
+  useApplication();
+  tickers_.start(timer);
+}
 
 void QtToolkit::processEvents() {
   useApplication();

@@ -46,8 +46,6 @@ class FormWindow : private FormView, private PeerWindow {
   void runModal();
   /// Shows the form; calls `gone` when it is hidden and the window may be deleted.
   void runModeless(std::function<void(FormWindow&)> gone);
-  /// The same without showing it: only its timers run, until it is unloaded.
-  void runHidden(std::function<void(FormWindow&)> gone);
 
  private:
   friend class FormClass;
@@ -66,6 +64,7 @@ class FormWindow : private FormView, private PeerWindow {
   bool live() const override { return live_; }
   void busy(int change) override;
   void perform(const std::function<void()>& act) override;
+  bool previewKey(const Message& message) override;
   bool formKey(const Message& message) override;
   void restoreFocus() override;
   void restoreFocusLater() override;

@@ -38,14 +38,6 @@ class LabelPeer : public Peer {
     return Peer::colors(target, false);
   }
 
-  std::optional<LRESULT> received(const Message& message) override {
-    if (message.code == WM_SETCURSOR && label_.link() && label_.enabled()) {
-      SetCursor(LoadCursorW(nullptr, IDC_HAND));
-      return TRUE;
-    }
-    return Peer::received(message);
-  }
-
   Label& label_;
 };
 
