@@ -19,6 +19,7 @@
 #include "platform/random.h"
 #include "services/icons.h"
 #include "services/languages.h"
+#include "tools/mouse_hook.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::addin {
@@ -119,6 +120,7 @@ void Connect::release() {
   agenda_.reset();
   g.tools = nullptr;
   tools_.reset();
+  tools::mouseHook::remove();  // where the dialog that set it is still open
   services::unloadIcons();
 }
 

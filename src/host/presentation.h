@@ -26,10 +26,25 @@ class ShapeSheet : public Handle {
   host::Shapes Shapes() const { return get<host::Shapes>(member::Shapes); }
 };
 
+/// One colour of a scheme.
+class RGBColor : public Handle {
+ public:
+  using Handle::Handle;
+  int RGB() const { return get<int>(member::RGB); }  ///< red in the low byte
+};
+
+/// The eight colours that a slide is drawn with.
+class ColorScheme : public Handle {
+ public:
+  using Handle::Handle;
+  RGBColor Colors(PpColorSchemeIndex place) const { return call<RGBColor>(member::Colors, place); }
+};
+
 class Slide : public Handle {
  public:
   using Handle::Handle;
   host::Background Background() const { return get<host::Background>(member::Background); }
+  host::ColorScheme ColorScheme() const { return get<host::ColorScheme>(member::ColorScheme); }
   /// Made where the slide has none yet.
   ShapeSheet NotesPage() const { return get<ShapeSheet>(member::NotesPage); }
   host::TimeLine TimeLine() const { return get<host::TimeLine>(member::TimeLine); }
@@ -44,20 +59,6 @@ class Slide : public Handle {
   void Copy() const { call(member::Copy); }
   void Delete() const { call(member::Delete); }
   void Select() const { call(member::Select); }
-};
-
-/// One colour of a scheme.
-class RGBColor : public Handle {
- public:
-  using Handle::Handle;
-  int RGB() const { return get<int>(member::RGB); }  ///< red in the low byte
-};
-
-/// The eight colours that a slide is drawn with.
-class ColorScheme : public Handle {
- public:
-  using Handle::Handle;
-  RGBColor Colors(PpColorSchemeIndex place) const { return call<RGBColor>(member::Colors, place); }
 };
 
 /// Slides of a selection or a range. Members read the common value; writes go to all.

@@ -10,9 +10,11 @@
 #include <algorithm>
 
 #include "platform/paths.h"
+#include "platform/posix/desktop_color.h"
 #include "ui/qt/canvas_painter.h"
 #include "ui/qt/conversions.h"
 #include "ui/qt/form_window.h"
+#include "ui/qt/x11_screen.h"
 
 namespace vellumark::ui {
 
@@ -169,6 +171,23 @@ void QtToolkit::showModeless(Form& form) {
 void QtToolkit::startTimer(Timer& timer) {
   useApplication();
   tickers_.start(timer);
+}
+
+Screen* QtToolkit::wholeScreen() {
+  useApplication();
+  if (!screen_ && QApplication::platformName() == QLatin1String("xcb")) screen_ = qt::X11Screen::open();
+  return screen_.get();
+}
+
+DesktopColor QtToolkit::askDesktopColor(const std::function<bool()>& goesOn) {
+  useApplication();
+  const platform::PickedColor picked = platform::pickDesktopColor([&] {
+    processEvents();
+    return goesOn();
+  });
+  if (!picked.color) return {{}, picked.refusal};
+  const auto byte = [&](std::size_t i) { return qRound(qBound(0.0, (*picked.color)[i], 1.0) * 255); };
+  return {rgb(byte(0), byte(1), byte(2)), {}};
 }
 
 void QtToolkit::processEvents() {
