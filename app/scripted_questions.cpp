@@ -29,6 +29,17 @@ ui::Toolkit* displayToolkit() {
   }
 }
 
+/// What the display shows; nothing where there is none that can be seen.
+std::unique_ptr<ui::Screen> openWholeScreen() {
+  try {
+    const auto library = platform::Library::besideExecutable("vellumark_qt");
+    return std::unique_ptr<ui::Screen>(library.function<ui::Screen*()>("vellumark_open_screen")());
+  } catch (const base::Error& error) {
+    tell("  the screen can't be seen: " + oneLine(error.description()) + "\n");
+    return nullptr;
+  }
+}
+
 /// Shows a form on the display; false where that can't be.
 bool showOnDisplay(ui::Form& form) {
   ui::Toolkit* screen = displayToolkit();
@@ -56,6 +67,8 @@ class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
       note(shown, !form ? "cancelled" : hasDisplay() ? "shown on the display" : "not answered");
     };
     screen = showOnDisplay;
+    display = displayToolkit;
+    openScreen = openWholeScreen;
     before_ = ui::setToolkit(this);
   }
   ~ScriptedQuestions() override { ui::setToolkit(before_); }

@@ -10,6 +10,7 @@
 #include "host/automation/com.h"
 #include "ui/control.h"
 #include "ui/toolkit.h"
+#include "windows/driven_mouse.h"
 
 namespace vellumark::app {
 namespace {
@@ -130,6 +131,8 @@ std::string DrivenForm::labels() const {
 
 void DrivenForm::perform(const ui::DialogStep& step) const {
   const HWND target = control(step.control);
+  if (const auto click = ui::screenClickOf(step); click && target == nullptr)
+    return clickScreen(*click, window_);
   if (target == nullptr) refuse(name_, step, "there is no such control");
   if (!IsWindowVisible(target) || !IsWindowEnabled(target))
     refuse(name_, step, "the control can't be used now");

@@ -20,6 +20,7 @@
 #include "services/icons.h"
 #include "services/languages.h"
 #include "services/survey.h"
+#include "tools/mouse_hook.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::addin {
@@ -121,6 +122,7 @@ void Connect::release() {
   agenda_.reset();
   g.tools = nullptr;
   tools_.reset();
+  tools::mouseHook::remove();  // where the dialog that set it is still open
   services::unloadIcons();
 }
 

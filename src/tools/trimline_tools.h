@@ -116,6 +116,10 @@ class TrimlineTools {
   void insertCopyright(std::int32_t index);
   void setBlackWhiteMode();
 
+  // Colours.
+  void pickColorFromScreen();  ///< adds colours of the screen to the presentation's own
+  void resetCustomColors();    ///< the presentation's own colours become those of the settings
+
   // The agenda.
   void showAgendaWizard();
   void agendaUpdatePagenumbers();  ///< makes all agenda slides anew

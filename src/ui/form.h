@@ -24,6 +24,8 @@ class FormView {
   virtual void visibilityChanged(bool visible) = 0;
   /// Does what the form does by itself, as in a tick; its failure goes to whoever waits for the form.
   virtual void perform(const std::function<void()>& act) = 0;
+  /// Where the form lies on the whole screen with its border, in the screen's pixels.
+  virtual Rect frame() const = 0;
 };
 
 class Form {
@@ -105,6 +107,9 @@ class Form {
   /// How the controls lie.
   void layout(Box box) { layout_ = std::move(box); }
   const Box& layout() const { return layout_; }
+
+  /// Where it lies on the whole screen with its border, in the screen's pixels; empty where nobody sees it.
+  Rect frame() const { return view_ ? view_->frame() : Rect{}; }
 
   FormView* view() const { return view_; }
   /// For toolkits: who shows the form from now on.

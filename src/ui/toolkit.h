@@ -1,12 +1,14 @@
 #pragma once
 // What shows forms and asks questions: the screen's toolkit, or a script.
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "ui/form.h"
 #include "ui/message_box.h"
+#include "ui/screen.h"
 
 namespace vellumark::ui {
 
@@ -29,6 +31,11 @@ class Toolkit {
   virtual bool onScreen() const = 0;
   /// The width of a text on one line in the font of forms, in the toolkit's pixels.
   virtual int textWidth(const std::string& text) = 0;
+  /// All that is shown, by whatever program; nullptr where the system lets no program see it.
+  virtual Screen* wholeScreen() = 0;
+  /// Asks the desktop for a colour of the screen, for where wholeScreen() is none, and waits. `goesOn` is
+  /// called again and again meanwhile; false gives up.
+  virtual DesktopColor askDesktopColor(const std::function<bool()>& goesOn) = 0;
   /// Lets pending events happen, so that a form that works shows its progress.
   virtual void processEvents() = 0;
 };

@@ -158,6 +158,25 @@ TEST_F(Run, RefusedCommandsSayWhatTheyNeed) {
   }
 }
 
+TEST_F(Run, ColorsOfTheScreenGoIntoTheDeck) {
+  const auto pick = [&](const std::string& click) {
+    return runCommand("1104", deck_, {"--dialog", "pickColor: " + click + "; btnAdd; btnClose", "-o", out_});
+  };
+  const Outcome picked = pick("color=#1B6878");
+  EXPECT_EQ(picked.status, 0) << picked.err;
+  EXPECT_NE(readZipFile(out_)["ppt/presProps.xml"].bytes.find("<p:clrMru><a:srgbClr val=\"1B6878\"/>"),
+            std::string::npos);
+  fs::remove(out_);
+  for (const auto& [click, told] :
+       {std::pair{"color=teal", "write it as #1B6878"}, std::pair{"pixel=somewhere", "write it as 120,40"}}) {
+    const Outcome outcome = pick(click);
+    EXPECT_EQ(outcome.status, 1) << click;
+    ASSERT_EQ(failureLines(outcome.err).size(), 1u) << outcome.err;
+    EXPECT_NE(failureLines(outcome.err)[0].find(told), std::string::npos) << outcome.err;
+    EXPECT_FALSE(fs::exists(out_));
+  }
+}
+
 TEST_F(Run, CriticalBoxesAreToldAndCountAsFailure) {
   // The width of a shape at 30 degrees can't be set; the position step behind it still runs, and is saved.
   const Outcome outcome = runCommand("stretchLeft", deck_, {"--select", "Askew,Master", "-o", out_});

@@ -708,5 +708,85 @@ TEST(Win32ToolkitTest, LeavesNothingBehind) {
   }
 }
 
+/// A window of one colour that counts the clicks which reach it; and the mouse.
+class OtherWindow {
+ public:
+  OtherWindow() {
+    clicks_ = 0;
+    WNDCLASSW kind = {};
+    kind.lpfnWndProc = [](HWND window, UINT code, WPARAM wParam, LPARAM lParam) -> LRESULT {
+      clicks_ += code == WM_LBUTTONDOWN || code == WM_RBUTTONDOWN;
+      return DefWindowProcW(window, code, wParam, lParam);
+    };
+    kind.hbrBackground = brush_;
+    kind.lpszClassName = name;
+    RegisterClassW(&kind);
+    window_ = CreateWindowExW(WS_EX_TOPMOST, name, L"", WS_POPUP | WS_VISIBLE, 400, 300, 200, 150, nullptr,
+                              nullptr, nullptr, nullptr);
+    UpdateWindow(window_);
+  }
+  ~OtherWindow() {
+    DestroyWindow(window_);
+    UnregisterClassW(name, nullptr);
+    DeleteObject(brush_);
+  }
+  OtherWindow(const OtherWindow&) = delete;
+  OtherWindow& operator=(const OtherWindow&) = delete;
+
+  /// Clicks at a place of the screen; the clicks that the window got of it.
+  static int click(Point place, DWORD down = MOUSEEVENTF_LEFTDOWN, DWORD up = MOUSEEVENTF_LEFTUP) {
+    clicks_ = 0;
+    SetCursorPos(place.x, place.y);
+    for (const DWORD event : {down, up}) {
+      INPUT input = {};
+      input.type = INPUT_MOUSE;
+      input.mi.dwFlags = event;
+      SendInput(1, &input, sizeof input);
+      wait();
+    }
+    return clicks_;
+  }
+  static void wait() {
+    for (int i = 0; i < 10; ++i) {
+      toolkit().processEvents();
+      Sleep(10);
+    }
+  }
+
+ private:
+  static constexpr const wchar_t* name = L"VellumarkOther";
+  static inline int clicks_ = 0;
+  HBRUSH brush_ = CreateSolidBrush(rgb(0x33, 0x66, 0x99));
+  HWND window_ = nullptr;
+};
+
+TEST_F(Win32Test, AHookKeepsClicksFromOtherWindowsAndTheScreenTellsTheirColors) {
+  const OtherWindow other;
+  OtherWindow::wait();
+  Screen& screen = *toolkit_.wholeScreen();
+  const Point place{450, 350};
+  EXPECT_EQ(screen.pixel(place), rgb(0x33, 0x66, 0x99));
+  EXPECT_EQ(screen.copy({place.x, place.y, 2, 3}), std::vector<Color>(6, rgb(0x33, 0x66, 0x99)));
+  EXPECT_EQ(screen.size(), (Size{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}));
+  EXPECT_EQ(OtherWindow::click(place), 1);
+  EXPECT_EQ(screen.cursor(), place);
+
+  std::vector<std::uint32_t> seen;
+  MouseAnswer answer = MouseAnswer::swallow;
+  auto hook = screen.hookMouse([&](int, std::uint32_t message) {
+    if (message != leftButtonDown && message != rightButtonDown) return MouseAnswer::passOn;
+    seen.push_back(message);
+    return answer;
+  });
+  EXPECT_EQ(OtherWindow::click(place), 0);
+  EXPECT_EQ(OtherWindow::click(place, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP), 0);
+  EXPECT_EQ(seen, (std::vector{leftButtonDown, rightButtonDown}));
+  answer = MouseAnswer::passOn;
+  EXPECT_EQ(OtherWindow::click(place), 1);
+  hook.reset();
+  EXPECT_EQ(OtherWindow::click(place), 1);
+  EXPECT_EQ(seen.size(), 3u);
+}
+
 }  // namespace
 }  // namespace vellumark::ui::win32

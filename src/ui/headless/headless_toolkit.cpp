@@ -269,9 +269,44 @@ void HeadlessToolkit::performOnForm(Form& form, const DialogStep& step, const st
   press(form, *key);
 }
 
+Screen* HeadlessToolkit::wholeScreen() {
+  Toolkit* shown = shownOn();
+  return shown ? shown->wholeScreen() : &scripted_;
+}
+
+DesktopColor HeadlessToolkit::askDesktopColor(const std::function<bool()>& goesOn) {
+  Toolkit* shown = shownOn();
+  return shown ? shown->askDesktopColor(goesOn) : DesktopColor{};
+}
+
+/// The scripted screen shows one colour, or what the real one shows.
+void HeadlessToolkit::showPixels(const ScreenClick& click, const std::string& where) {
+  if (click.color) {
+    scripted_.picture = [color = *click.color](const Point&) { return color; };
+    return;
+  }
+  const std::shared_ptr<Screen> real = openScreen ? openScreen() : nullptr;
+  if (!real) fail(where + ": there is no screen to see a pixel of; give its color: color=#1B6878");
+  scripted_.resolution = real->size();
+  if (const Size size = scripted_.resolution; !contains({0, 0, size.width, size.height}, click.place)) {
+    fail(where + ": the screen has only " + std::to_string(size.width) + " x " + std::to_string(size.height) +
+         " pixels");
+  }
+  scripted_.picture = [real](const Point& point) { return real->pixel(point); };
+  scripted_.mouse = click.place;
+}
+
+void HeadlessToolkit::clickScreen(const ScreenClick& click, const std::string& where) {
+  constexpr int moment = 50;  // until whoever looks at the mouse has looked
+  showPixels(click, where);
+  scripted_.tellHook(0, leftButtonDown);
+  pass(moment);
+}
+
 void HeadlessToolkit::perform(Form& form, const DialogStep& step) {
   const std::string where = "dialog '" + form.name() + "', step '" + step.text + "'";
   if (base::equalsIgnoreCase(step.control, "form")) return performOnForm(form, step, where);
+  if (const auto click = screenClickOf(step); click && scripted_.hooked()) return clickScreen(*click, where);
   Control* control = form.find(step.control);
   if (!control) {
     fail(where + ": there is no control '" + step.control + "'; there are " + namesOf(form));

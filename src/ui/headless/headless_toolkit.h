@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ui/headless/script.h"
+#include "ui/headless/scripted_screen.h"
 #include "ui/toolkit.h"
 
 namespace vellumark::ui {
@@ -42,6 +43,13 @@ class HeadlessToolkit : public Toolkit {
   std::function<void(const Shown&)> observer;
   /// Shows a form that no script is left for, on a screen; false where it can't.
   std::function<bool(Form&)> screen;
+  /// The toolkit of a screen that shows what no script is left for; nullptr where there is none.
+  std::function<Toolkit*()> display;
+  /// The screen whose pixels a script's clicks mean.
+  std::function<std::unique_ptr<Screen>()> openScreen;
+
+  /// The screen of the forms that scripts work.
+  ScriptedScreen& scriptedScreen() { return scripted_; }
 
   /// Whether an answer is left for the next box or file dialog.
   bool hasAnswer() const { return !answers_.empty(); }
@@ -64,6 +72,8 @@ class HeadlessToolkit : public Toolkit {
   bool onScreen() const override { return false; }
   /// Without a font, each byte of a text counts alike.
   int textWidth(const std::string& text) override { return 7 * static_cast<int>(text.size()); }
+  Screen* wholeScreen() override;
+  DesktopColor askDesktopColor(const std::function<bool()>& goesOn) override;
   void processEvents() override {}
 
   /// Lets that much time pass, in milliseconds. It stands still otherwise.
@@ -74,6 +84,9 @@ class HeadlessToolkit : public Toolkit {
   void tell(const Shown& shown);
   void perform(Form& form, const DialogStep& step);
   void performOnForm(Form& form, const DialogStep& step, const std::string& where);
+  void showPixels(const ScreenClick& click, const std::string& where);
+  void clickScreen(const ScreenClick& click, const std::string& where);
+  Toolkit* shownOn() const { return dialogs_.empty() && display ? display() : nullptr; }
 
   struct RunningTimer {
     Timer* timer;
@@ -82,6 +95,7 @@ class HeadlessToolkit : public Toolkit {
 
   std::vector<RunningTimer> timers_;
   std::int64_t now_ = 0;
+  ScriptedScreen scripted_;
   std::deque<DialogScript> dialogs_;
   std::deque<std::string> answers_;
   bool sawCritical_ = false;

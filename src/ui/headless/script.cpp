@@ -82,6 +82,25 @@ std::optional<PictureClick> pictureClickOf(const DialogStep& step) {
   return std::nullopt;
 }
 
+std::optional<ScreenClick> screenClickOf(const DialogStep& step) {
+  const bool pixel = base::equalsIgnoreCase(step.control, "pixel"),
+             color = base::equalsIgnoreCase(step.control, "color");
+  if (step.kind != DialogStep::Kind::set || (!pixel && !color)) return std::nullopt;
+  const std::string& value = step.value;
+  try {
+    const std::vector<std::string> place = base::split(value, ',');
+    if (pixel && place.size() == 2)
+      return ScreenClick{{base::toInt32(place[0]), base::toInt32(place[1])}, {}};
+    const std::optional<Color> shown =
+        value.starts_with('#') ? colorFromDigits(value.substr(1)) : std::nullopt;
+    if (color && shown) return ScreenClick{{}, shown};
+  } catch (const base::Error&) {
+  }
+  base::raise(base::errors::invalidCall,
+              "step '" + step.text + "': '" + value + "' is no " +
+                  (pixel ? "place; write it as 120,40" : "color; write it as #1B6878"));
+}
+
 DialogScript parseDialogScript(const std::string& text) {
   DialogScript script;
   script.text = text;

@@ -133,6 +133,16 @@ void FormWindow::visibilityChanged(bool visible) {
   if (!visible) end();
 }
 
+/// The places of screens are counted in their own pixels, what lies on them is scaled.
+Rect FormWindow::frame() const {
+  const QRect own = frameGeometry();
+  const QPoint corner = screen()->geometry().topLeft();
+  const double scale = screen()->devicePixelRatio();
+  const auto scaled = [&](int length) { return qRound(length * scale); };
+  return {corner.x() + scaled(own.x() - corner.x()), corner.y() + scaled(own.y() - corner.y()),
+          scaled(own.width()), scaled(own.height())};
+}
+
 void FormWindow::restoreFocus() {
   if (live_) focusChanged(form_->focused());
 }

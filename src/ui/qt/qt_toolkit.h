@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <memory>
 #include <vector>
 
 #include "ui/qt/event_loops.h"
@@ -36,12 +37,16 @@ class QtToolkit : public Toolkit {
   void stopTimer(Timer& timer) override { tickers_.stop(timer); }
   bool onScreen() const override { return true; }
   int textWidth(const std::string& text) override;
+  /// Only an X server shows it.
+  Screen* wholeScreen() override;
+  DesktopColor askDesktopColor(const std::function<bool()>& goesOn) override;
   void processEvents() override;
 
  private:
   int ask(QDialog& dialog);
 
   qt::EventLoops loops_;
+  std::unique_ptr<Screen> screen_;
   qt::Tickers tickers_{loops_};
   std::vector<QPointer<qt::FormWindow>> modeless_;
 };

@@ -199,6 +199,12 @@ void FormWindow::visibilityChanged(bool visible) {
   if (!visible) end();
 }
 
+Rect FormWindow::frame() const {
+  RECT own = {};
+  GetWindowRect(handle_, &own);
+  return {own.left, own.top, own.right - own.left, own.bottom - own.top};
+}
+
 void FormWindow::restoreFocus() {
   if (live_) focusChanged(form_->focused());
 }

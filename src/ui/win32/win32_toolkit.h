@@ -8,6 +8,7 @@
 #include "ui/win32/form_window.h"
 #include "ui/win32/resources.h"
 #include "ui/win32/tickers.h"
+#include "ui/win32/whole_screen.h"
 
 namespace vellumark::ui::win32 {
 
@@ -32,11 +33,15 @@ class Win32Toolkit : public Toolkit {
   void stopTimer(Timer& timer) override { tickers_.stop(timer); }
   bool onScreen() const override { return true; }
   int textWidth(const std::string& text) override;
+  Screen* wholeScreen() override { return &screen_; }
+  /// Never needed: the screen can be seen.
+  DesktopColor askDesktopColor(const std::function<bool()>&) override { return {}; }
   void processEvents() override;
 
  private:
   Resources resources_;
   FormClass class_;
+  WholeScreen screen_{resources_.instance()};
   EventLoops loops_;
   Tickers tickers_{loops_, resources_};
   std::vector<std::unique_ptr<FormWindow>> modeless_;

@@ -305,18 +305,62 @@ TEST_F(Presentations, TagsOfAllHoldersSurviveTheFile) {
     EXPECT_EQ(name.find("tags/"), std::string::npos) << name;
 }
 
-TEST_F(Presentations, ExtraColorsAreKeptLastOneFirst) {
+std::vector<int> extraColors(const host::Presentation& presentation) {
+  std::vector<int> colors;
+  for (int i = 1; i <= presentation.ExtraColors().Count(); ++i) {
+    colors.push_back(presentation.ExtraColors().Item(i));
+  }
+  return colors;
+}
+
+TEST_F(Presentations, ExtraColorsAreEightAtMostAndTheOldestGoes) {
   const std::string path = save(threeSlides());
   const host::Presentation presentation = host.open(path);
   const host::ExtraColors colors = presentation.ExtraColors();
   for (int color : {0x0000FF, 0x00FF00, 0x0000FF}) colors.Add(color);
-  EXPECT_EQ(colors.Count(), 2);
-  EXPECT_EQ(colors.Item(1), 0x0000FF);
-  for (int i = 0; i < 20; ++i) colors.Add(i);
-  EXPECT_EQ(colors.Count(), 10);
+  EXPECT_EQ(extraColors(presentation), (std::vector{0x0000FF, 0x00FF00}));
+  for (int i = 1; i <= 7; ++i) colors.Add(i);
+  const std::vector<int> eight{0x00FF00, 1, 2, 3, 4, 5, 6, 7};
+  EXPECT_EQ(extraColors(presentation), eight);
+  EXPECT_EQ(errorNumber([&] { colors.Item(9); }), base::errors::invalidRequest);
+  EXPECT_EQ(errorNumber([&] { colors.Add(0x1000000); }), base::errors::outOfRange);
   presentation.Save();
   expectSound(path);
-  EXPECT_EQ(host.open(path).ExtraColors().Item(1), 19);
+  EXPECT_EQ(extraColors(host.open(path)), eight);
+  colors.Clear();
+  EXPECT_EQ(colors.Count(), 0);
+}
+
+// Later hosts keep ten, and colours of the theme among them.
+TEST_F(Presentations, ExtraColorsOfTheFileComeLastOneFirst) {
+  auto deck = threeSlides();
+  for (int i = 1; i <= 10; ++i) deck.extraColor("0000" + std::to_string(10 + i));
+  const std::string path = save(deck);
+  const host::Presentation presentation = host.open(path);
+  const PartRef part = host.state()->documents.back()->package().part("ppt/presProps.xml");
+  part->root().child("p:clrMru").first_child().set_name("a:schemeClr");
+  part->root().child("p:clrMru").first_child().attribute("val").set_value("accent1");
+  const int accent1 = presentation.Slides().Range(1).ColorScheme().Colors(host::PpColorSchemeIndex(5)).RGB();
+  EXPECT_EQ(extraColors(presentation),
+            (std::vector{0x180000, 0x170000, 0x160000, 0x150000, 0x140000, 0x130000, 0x120000, accent1}));
+  presentation.ExtraColors().Add(1);
+  EXPECT_EQ(extraColors(presentation).back(), 1);
+  EXPECT_EQ(extraColors(presentation).size(), 8u);
+  presentation.Save();
+  expectSound(path);
+}
+
+TEST_F(Presentations, ColorSchemesAreTheEightColorsOfTheTheme) {
+  const host::Presentation presentation = host.open(save(threeSlides()));
+  const host::ColorScheme scheme = presentation.Slides().Range(2).ColorScheme();
+  const auto color = [&](int place) { return scheme.Colors(host::PpColorSchemeIndex(place)).RGB(); };
+  std::vector<int> colors;
+  for (int place = 1; place <= 8; ++place) colors.push_back(color(place));
+  EXPECT_EQ(colors,
+            (std::vector{0xFFFFFF, 0x000000, 0xF5F1EE, 0x442A1F, 0x8C5D2F, 0x3D55C8, 0x8C5D2F, 0x7B5B6C}));
+  EXPECT_EQ(errorNumber([&] { color(9); }), base::errors::outOfRange);
+  presentation.Slides().Item(2).Delete();
+  EXPECT_EQ(errorNumber([&] { color(1); }), base::errors::invalidRequest);
 }
 
 TEST_F(Presentations, OpeningParsesNoSlideThatNobodyAsksFor) {
