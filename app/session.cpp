@@ -151,15 +151,20 @@ void Session::selectCells(const std::string& spots) {
   }
 }
 
+void Session::watchChanges() {
+  differed_ = differs();
+  presentation().Saved(true);
+}
+
+bool Session::changed() const { return presentation().Saved() == host::msoFalse; }
+
 void Session::save(const std::string& out) {
   const host::Presentation saved = presentation();
   const std::string path = out.empty() ? saved.FullName() : out;
   try {
     out.empty() ? saved.Save() : saved.SaveAs(out);
   } catch (const base::Error& error) {
-    throw deckFailure(path, error);
-  }
-  if (saved.Saved() == host::msoFalse) {
+    if (error.description() != deck::saveCancelled) throw deckFailure(path, error);
     throw Failure(Exit::refused,
                   path + ": not written, because the add-in cancelled the save; see its message");
   }

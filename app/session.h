@@ -54,6 +54,12 @@ class Session {
   /// The shapes of the slide or master in view; nothing where there is none.
   host::Shapes shapesInView() const;
 
+  /// What the command changes counts from here on.
+  void watchChanges();
+  /// Whether the deck was changed since; whether it differs from its file.
+  bool changed() const;
+  bool differs() const { return differed_ || changed(); }
+
   /// Saves the deck over itself, or as `out`. A Failure where it can't be written, or where the add-in
   /// cancels.
   void save(const std::string& out = {});
@@ -66,6 +72,7 @@ class Session {
   std::unique_ptr<AddIn> addIn_;
   std::shared_ptr<Ribbon> ribbon_;
   host::DocumentWindow window_;  ///< of the deck
+  bool differed_ = false;        ///< it had changes already when the watch began
 };
 
 }  // namespace vellumark::app

@@ -41,6 +41,11 @@ class HeadlessToolkit : public Toolkit {
   /// Shows a form that no script is left for, on a screen; false where it can't.
   std::function<bool(Form&)> screen;
 
+  /// Chooses among the buttons of a message box that no answer is left for; without it, and where it gives
+  /// nothing, the box gets its default button.
+  std::function<std::optional<Answer>(const std::string& text, const std::vector<Answer>& possible)>
+      unattended;
+
   /// Whether an answer is left for the next box or file dialog.
   bool hasAnswer() const { return !answers_.empty(); }
   /// Scripts and answers that nothing asked for, as they were written.
