@@ -38,6 +38,8 @@ class Questions {
   /// impossible, or said anything at all and the command `changed` nothing. What a dialog says while it is
   /// open is between it and whoever works it.
   void requireDone(const std::string& name, bool changed) const;
+  /// What the last error report says; empty where none came up.
+  const std::string& errorReport() const { return errorReport_; }
   /// How all ended, the save included. Answers that nothing asked for are told.
   Exit settle(const std::string& name) const;
 

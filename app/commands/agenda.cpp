@@ -122,6 +122,7 @@ Exit agenda(const AgendaCommandOptions& options, const Surroundings& surrounding
         "agenda: works where the add-in is part of the program; here take \"run showAgendaWizard\"");
   }
   if (items.empty()) storedAgenda(presentation, options.deck);
+  const bool wasStored = !presentation.Tags().Item(tags::document).empty();
 
   std::string became;
   questions->begin();
@@ -134,12 +135,12 @@ Exit agenda(const AgendaCommandOptions& options, const Surroundings& surrounding
     // Numbers of slides that came later than a row are known only now.
     if (!presentation.Tags().Item(tags::slideOrder).empty()) vellumark::agenda::updateAgendaSlides();
   } catch (const Failure&) {
-    questions->requireDone("agenda", true);
+    requireDone(*questions, session, options.deck, "agenda", true);
     throw;
   }
-  questions->requireDone("agenda", true);
+  requireDone(*questions, session, options.deck, "agenda", true);
   session.save(options.out);
-  tell(became);
+  if (wasStored) tell(became);
   tellWhatLeavesTheSlides(presentation, options.deck);
   print(report(presentation, options.deck) + "\nwritten " +
         oneLine(options.inPlace ? options.deck : options.out) + "\n");

@@ -109,6 +109,7 @@ class Control {
 struct Source {
   AddIn& addIn;
   std::vector<std::string> faults;
+  std::string notes = {};
 };
 
 /// Fills in a dynamic menu. It stays empty where its callback fails or gives no menu, as the host shows it.
@@ -126,7 +127,8 @@ void loadMenu(Source& source, pugi::xml_node node, pugi::xml_document& content) 
                             excerpt(text.substr(std::min(begin, text.size())), 40) +
                             "\"), so that none of it can be shown; names with &, < or \" break it");
   } catch (const base::Error& error) {
-    source.faults.push_back(id + ": its menu can't be shown: " + error.description());
+    source.notes +=
+        id + ": its menu is empty, because it can't be made: " + oneLine(error.description()) + "\n";
   }
 }
 
@@ -196,6 +198,7 @@ Exit ribbon(const RibbonOptions& options, const Surroundings& surroundings) {
         std::string(tab.attribute("label").value()) + " (" + tab.attribute("keytip").value() + ")\n";
     print(lines + tree(source, tab, 1));
   }
+  tell(source.notes);
   for (const std::string& fault : source.faults) tellFailure(fault);
   return source.faults.empty() ? Exit::done : Exit::refused;
 }

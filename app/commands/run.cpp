@@ -57,10 +57,10 @@ Exit runOnDeck(const RunOptions& options, const std::string& name, const Surroun
   try {
     act(session);
   } catch (const Failure&) {
-    questions->requireDone(name, session.changed());
+    requireDone(*questions, session, options.deck, name, session.changed());
     throw;
   }
-  questions->requireDone(name, session.changed());
+  requireDone(*questions, session, options.deck, name, session.changed());
 
   if (!options.out.empty() || options.inPlace) session.save(options.out);
   const host::Shapes shapes = session.shapesInView();

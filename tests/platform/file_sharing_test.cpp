@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "base/error.h"
 #include "platform/environment_guard.h"
 #include "platform/file_state.h"
 #include "platform/path_lock.h"
