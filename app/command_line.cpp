@@ -32,7 +32,10 @@ const char* const overview = R"(Examples:
 
 "vellumark SUBCOMMAND --help" tells more, with examples.
 
-Exit status: 0 done; 1 the command refused or failed; 2 wrong usage; 3 the deck can't be read or written.)";
+Exit status: 0 done; 1 the command refused or failed; 2 wrong usage; 3 the deck can't be read or written.
+
+The add-in's settings lie in ~/.config/vellumark/settings.db, or in the file that the environment variable
+VELLUMARK_SETTINGS names.)";
 
 const char* const showHelp =
     R"(A shape is named in other commands by its name, its "#" with the id, or its "@" with the position,
@@ -51,8 +54,8 @@ const char* const runHelp =
 ("setLanguage 1031"); "vellumark commands" lists them. The master of a selection is the shape that is selected last.
 
 The command sees what it would see in PowerPoint after these clicks. Message boxes and dialogs that come up are told on
-standard error; --answer and --dialog answer them. Nothing is written without -o or --in-place, nor where the command
-broke off with an error.
+standard error; --answer and --dialog answer them, and a question that nothing answers gets the answer that changes
+nothing. Nothing is written without -o or --in-place, nor where the command refused its work or broke off with an error.
 
 Examples:
   vellumark run alignLefts deck.pptx --slide 3 --select 'Box 2,Box 1' -o out.pptx
@@ -117,11 +120,15 @@ notesmaster, outline, sorter, titlemaster, normal, thumbnails)";
 const char* const dialogDescription = R"(Answer a dialog; again for further ones, in order:
 'FORM: control=value; control(2)=value; button'
 (pixel=120,40 or color=#1B6878 clicks there on the screen))";
-const char* const styleDescription = R"(Take over the look of a style (default: of the style that
+const char* const agendaStyle = R"(Take over the look of a style (default: of the style that
 was chosen before, else one that suits the slides))";
+const char* const suitableStyle = R"(Choose a style on the ribbon (default: the one that was
+chosen for the deck before, else one that suits the slides))";
+const char* const chosenStyle = R"(Choose a style on the ribbon (default: the one that was
+chosen for the deck before, else the first))";
 const char* const answerDescription = R"(Answer a message box by its button, an input box by its
 text, a file dialog by a path; again for further ones,
-in order (default: the box's own))";
+in order (default: what changes nothing))";
 
 const char* const itemsDescription = R"(The items, as text or CSV (default: those of the agenda
 that the deck holds))";
@@ -146,8 +153,15 @@ void addCommands(CLI::App& program, bool& json) {
   describe(commands, commandsHelp);
 }
 
+/// Where the result goes.
+CLI::Option* addOut(CLI::App& command, std::string& out) {
+  return command.add_option("-o", out, "Write the result there")
+      ->option_text("OUT")
+      ->check(CLI::Validator([](std::string& path) { return path.empty() ? "names no file" : ""; }, ""));
+}
+
 /// The options that select something in a deck's window.
-void addSituation(CLI::App& command, Situation& situation) {
+void addSituation(CLI::App& command, Situation& situation, const char* styleDescription) {
   command.add_option("--slide", situation.slide, "The slide in view (default 1)")->option_text("N");
   CLI::Option* select =
       command.add_option("--select", situation.select, selectDescription)->option_text("A,B,C");
@@ -166,7 +180,7 @@ void addSituation(CLI::App& command, Situation& situation) {
       ->excludes(text);
   command.add_option("--copy", situation.copy, copyDescription)->option_text("A,B,C");
   command.add_option("--view", situation.view, viewDescription)->option_text("TYPE");
-  command.add_option("--style", situation.style, "Choose a style (default: the first)")->option_text("NAME");
+  command.add_option("--style", situation.style, styleDescription)->option_text("NAME");
   command
       .add_option("--host", situation.host,
                   "The version that the host reports: 9.0 to 16.0 (default " + situation.host + ")")
@@ -174,19 +188,19 @@ void addSituation(CLI::App& command, Situation& situation) {
       ->check(CLI::IsMember({"9.0", "10.0", "11.0", "12.0", "14.0", "15.0", "16.0"}));
 }
 
+void addAnswers(CLI::App& command, std::vector<std::string>& dialogs, std::vector<std::string>& answers) {
+  command.add_option("--dialog", dialogs, dialogDescription)->option_text("SCRIPT")->allow_extra_args(false);
+  command.add_option("--answer", answers, answerDescription)->option_text("BUTTON")->allow_extra_args(false);
+}
+
 /// The options of what works on a deck as a user does.
-void addRunOptions(CLI::App& command, RunOptions& options) {
-  CLI::Option* out = command.add_option("-o", options.out, "Write the result there")->option_text("OUT");
+void addRunOptions(CLI::App& command, RunOptions& options, const char* styleDescription) {
+  CLI::Option* out = addOut(command, options.out);
   command.add_flag("--in-place", options.inPlace, "Write the result over the deck")
       ->excludes(out)
       ->option_text(" ");
-  addSituation(command, options);
-  command.add_option("--dialog", options.dialogs, dialogDescription)
-      ->option_text("SCRIPT")
-      ->allow_extra_args(false);
-  command.add_option("--answer", options.answers, answerDescription)
-      ->option_text("BUTTON")
-      ->allow_extra_args(false);
+  addSituation(command, options, styleDescription);
+  addAnswers(command, options.dialogs, options.answers);
   command.add_option("--root", options.root, "The installation (default: the program's own)")
       ->option_text("DIR");
   command.add_flag("--json", options.json, "Tell the shapes of the slide in view afterwards, as JSON");
@@ -198,14 +212,14 @@ void addInsert(CLI::App& program, InsertOptions& options) {
       ->required()
       ->option_text(" ");
   insert.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
-  addRunOptions(insert, options);
+  addRunOptions(insert, options, suitableStyle);
   describe(insert, insertHelp);
 }
 
 void addRibbon(CLI::App& program, RibbonOptions& options) {
   CLI::App& ribbon = *program.add_subcommand("ribbon", "Show the add-in's tab on the ribbon");
   ribbon.add_option("DECK", options.deck, "The presentation, a .pptx file")->option_text(" ");
-  addSituation(ribbon, options);
+  addSituation(ribbon, options, chosenStyle);
   ribbon.add_option("--root", options.root, "The installation (default: the program's own)")
       ->option_text("DIR");
   ribbon.add_flag("--json", options.json, "As JSON");
@@ -227,7 +241,7 @@ void addRun(CLI::App& program, RunOptions& options) {
   CLI::App& run = *program.add_subcommand("run", "Run a command on a deck");
   run.add_option("COMMAND", options.command, "What to run")->required()->option_text(" ");
   run.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
-  addRunOptions(run, options);
+  addRunOptions(run, options, chosenStyle);
   describe(run, runHelp);
 }
 
@@ -249,8 +263,7 @@ void addAgenda(CLI::App& program, AgendaCommandOptions& options) {
   CLI::App& agenda = *program.add_subcommand("agenda", "Make the agenda slides of a deck, or list its items");
   agenda.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
   CLI::Option* items = agenda.add_option("--items", options.items, itemsDescription)->option_text("FILE");
-  CLI::Option* style =
-      agenda.add_option("--style", options.agenda.style, styleDescription)->option_text("NAME");
+  CLI::Option* style = agenda.add_option("--style", options.agenda.style, agendaStyle)->option_text("NAME");
   agenda.add_option("--title", options.agenda.title, "Title of the agenda slides")->option_text("TEXT");
   agenda.add_option("--subtitle", options.agenda.subtitle, "The line below it")->option_text("TEXT");
   agenda.add_option("--start", options.agenda.start, "When the first item begins")->option_text("HH:MM");
@@ -261,11 +274,12 @@ void addAgenda(CLI::App& program, AgendaCommandOptions& options) {
   agenda.get_option("--pages")->excludes("--times");
   CLI::Option* exporting = agenda.add_flag("--export", options.exportItems, exportDescription);
   exporting->excludes(items)->excludes(style)->option_text(" ");
-  CLI::Option* out = agenda.add_option("-o", options.out, "Write the result there")->option_text("OUT");
+  CLI::Option* out = addOut(agenda, options.out);
   agenda.add_flag("--in-place", options.inPlace, "Write the result over the deck")
       ->excludes(out)
       ->excludes(exporting)
       ->option_text(" ");
+  addAnswers(agenda, options.dialogs, options.answers);
   agenda.add_option("--root", options.root, "The installation (default: the program's own)")
       ->option_text("DIR");
   describe(agenda, agendaHelp);
@@ -274,7 +288,7 @@ void addAgenda(CLI::App& program, AgendaCommandOptions& options) {
 void addDemo(CLI::App& program, DemoOptions& options) {
   CLI::App& demo = *program.add_subcommand("demo", "Straighten a slide and show what moved");
   demo.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
-  demo.add_option("-o", options.out, "Write the result there")->required()->option_text("OUT");
+  addOut(demo, options.out)->required();
   demo.add_option("--root", options.root, "The installation (default: the program's own)")
       ->option_text("DIR");
   describe(demo, demoHelp);

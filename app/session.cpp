@@ -170,18 +170,55 @@ void Session::selectCells(const std::string& spots) {
   }
 }
 
+void Session::watchChanges() {
+  differed_ = differs();
+  presentation().Saved(true);
+}
+
+bool Session::changed() const { return presentation().Saved() == host::msoFalse; }
+
+std::vector<std::string> Session::damages() const {
+  std::vector<std::string> faults;
+  const auto read = [&](auto&& sheets) {
+    try {
+      for (const deck::Sheet& sheet : sheets()) sheet.shapeTree();
+    } catch (const deck::FormatError& fault) {
+      faults.emplace_back(fault.what());
+    }
+  };
+  const std::string path = presentation().FullName();
+  for (const deck::DocumentRef& document : host_.state()->documents) {
+    if (document->path() != path) continue;
+    for (const deck::SlideEntry& slide : document->slides()) {
+      read([&] { return std::vector{document->slide(slide.id)}; });
+    }
+    for (const deck::Sheet& layout : document->layouts()) read([&] { return std::vector{layout}; });
+    read([&] { return document->masters(); });
+  }
+  return faults;
+}
+
 void Session::save(const std::string& out) {
   const host::Presentation saved = presentation();
   const std::string path = out.empty() ? saved.FullName() : out;
   try {
     out.empty() ? saved.Save() : saved.SaveAs(out);
   } catch (const base::Error& error) {
-    throw deckFailure(path, error);
-  }
-  if (saved.Saved() == host::msoFalse) {
+    if (error.description() != deck::saveCancelled) throw deckFailure(path, error);
     throw Failure(Exit::refused,
                   path + ": not written, because the add-in cancelled the save; see its message");
   }
+}
+
+void requireDone(const Questions& questions, const Session& session, const std::string& deck,
+                 const std::string& name, bool changed) {
+  if (!questions.errorReport().empty()) {
+    for (const std::string& fault : session.damages()) {
+      if (questions.errorReport().find(fault) == std::string::npos) continue;
+      throw Failure(Exit::deck, deck + ": " + fault + "; nothing is written");
+    }
+  }
+  questions.requireDone(name, changed);
 }
 
 }  // namespace vellumark::app

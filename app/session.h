@@ -9,6 +9,7 @@
 
 #include "add_in.h"
 #include "deck/embedded_host.h"
+#include "questions.h"
 #include "ribbon.h"
 
 namespace vellumark::app {
@@ -54,6 +55,15 @@ class Session {
   /// The shapes of the slide or master in view; nothing where there is none.
   host::Shapes shapesInView() const;
 
+  /// What the command changes counts from here on.
+  void watchChanges();
+  /// Whether the deck was changed since; whether it differs from its file.
+  bool changed() const;
+  bool differs() const { return differed_ || changed(); }
+
+  /// The faults of the deck's slides, layouts and masters that can't be read.
+  std::vector<std::string> damages() const;
+
   /// Saves the deck over itself, or as `out`. A Failure where it can't be written, or where the add-in
   /// cancels.
   void save(const std::string& out = {});
@@ -68,6 +78,12 @@ class Session {
   std::unique_ptr<AddIn> addIn_;
   std::shared_ptr<Ribbon> ribbon_;
   host::DocumentWindow window_;  ///< of the deck
+  bool differed_ = false;        ///< it had changes already when the watch began
 };
+
+/// As Questions::requireDone(), but where the report is about damage of the deck it is the deck that can't be
+/// read.
+void requireDone(const Questions& questions, const Session& session, const std::string& deck,
+                 const std::string& name, bool changed);
 
 }  // namespace vellumark::app

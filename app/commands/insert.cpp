@@ -28,6 +28,7 @@ Exit insert(const InsertOptions& options, const Surroundings& surroundings) {
   return runOnDeck(options, "insert", surroundings, [&](Session& session) {
     try {
       settleStyle(session, options);
+      session.watchChanges();
       insertElement(session, options.element);
     } catch (const base::Error& error) {
       throw Failure(Exit::refused, "insert: " + error.description());

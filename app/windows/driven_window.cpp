@@ -95,6 +95,14 @@ std::string DrivenMessageBox::defaultButton() const {
   return ui::plainCaption(windowText(GetDlgItem(window_, LOWORD(answer))));
 }
 
+std::vector<std::string> DrivenMessageBox::buttons() const {
+  std::vector<std::string> captions;
+  eachChild(window_, [&](HWND child) {
+    if (isButton(child)) captions.push_back(ui::plainCaption(windowText(child)));
+  });
+  return captions;
+}
+
 bool DrivenMessageBox::press(const std::string& caption) const {
   bool pressed = false;
   eachChild(window_, [&](HWND child) {

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ui/headless/script.h"
 #include "ui/message_box.h"
@@ -25,6 +26,8 @@ class DrivenMessageBox {
   ui::Icon icon() const;
   /// The caption of the button that Enter presses.
   std::string defaultButton() const;
+  /// The captions of all its buttons.
+  std::vector<std::string> buttons() const;
   /// Presses the button of that caption, in any case; false where there is none.
   bool press(const std::string& caption) const;
 

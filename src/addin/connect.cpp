@@ -12,6 +12,7 @@
 #include "core/failure.h"
 #include "core/globals.h"
 #include "core/registry.h"
+#include "core/slide_extracts.h"
 #include "library/configuration.h"
 #include "platform/ansi.h"
 #include "platform/instance_mutex.h"
@@ -126,18 +127,8 @@ void Connect::release() {
   services::unloadIcons();
 }
 
-/// Deletes the temporary presentations that e-mailing left behind, because a mail program might still have
-/// been reading them. A file that can't be deleted ends the loop and leaves the whole list to the next time.
 void Connect::killSlideExtracts() {
-  trap("Connect, killSlideExtracts", [] {
-    std::string extracts = core::getRegistry("slideExtracts", "", "");
-    if (extracts.empty()) return;
-    extracts.pop_back();  // each name is followed by a ";"
-    for (const std::string& file : base::split(extracts, ';')) {
-      if (platform::fileExists(file)) platform::deleteFile(file);
-    }
-    core::setRegistry("slideExtracts", "", "");
-  });
+  trap("Connect, killSlideExtracts", [] { core::deleteSlideExtracts(); });
 }
 
 void Connect::IDTExtensibility2_OnAddInsUpdate(std::span<const host::Value>) {

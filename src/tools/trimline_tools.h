@@ -179,7 +179,7 @@ class TrimlineTools {
   void moveToMaster(Mode mode);
   void stretchToMaster(Mode mode);
   void stretchTo(Mode mode, Mode target);
-  static double edge(const RotatedMetrics& box, Mode mode);
+  static double growth(Mode mode, Mode target, const RotatedMetrics& s, const RotatedMetrics& m);
   static Mode opposite(Mode mode);
   /// Gives the visual box a new size and place; a size of zero or less leaves the shape untouched.
   void spanHorizontally(const host::Shape& shape, double left, double width);

@@ -5,6 +5,7 @@
 #include "base/conversions.h"
 #include "base/error.h"
 #include "base/text.h"
+#include "base/xml_storable.h"
 #include "ui/keys.h"
 
 namespace vellumark::ui {
@@ -61,11 +62,19 @@ std::string namesOf(const Form& form) {
   return base::join(names, ", ");
 }
 
+/// A value as a user can type it into a field: no control characters, no ends of lines in a single one.
+std::string typeable(const std::string& value, bool multiLine) {
+  const std::string plain = base::xmlStorable(value);
+  if (multiLine) return plain;
+  const std::string lines = base::replaceAll(base::replaceAll(plain, "\r\n", "\n"), "\r", "\n");
+  return base::replaceAll(lines, "\n", " ");
+}
+
 /// Performs what a value means to a control of its kind; false for kinds without a value.
 bool setValue(Control& control, const std::string& value, const std::string& where) {
   if (auto* text = dynamic_cast<TextBox*>(&control)) {
     if (text->locked()) fail(where + ": the field is locked");
-    text->text(value);
+    text->text(typeable(value, text->multiLine()));
   } else if (auto* box = dynamic_cast<CheckBox*>(&control)) {
     box->value(truth(value, where));
   } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
@@ -80,7 +89,7 @@ bool setValue(Control& control, const std::string& value, const std::string& whe
   } else if (auto* tree = dynamic_cast<TreeView*>(&control)) {
     const std::string key = nodeOf(*tree, tree->root(), value);
     if (key.empty()) fail(where + ": there is no node '" + value + "'");
-    tree->select(key);
+    tree->userClick(key);
   } else {
     return false;
   }
@@ -128,6 +137,8 @@ Answer HeadlessToolkit::messageBox(const std::string& text, Icon icon, Buttons b
            base::join(captions, ", "));
     }
     answer = *meant;
+  } else if (unattended) {
+    answer = unattended(text, possible).value_or(answer);
   }
   tell({Shown::Kind::messageBox, icon, title, {}, text, captionOf(answer)});
   return answer;

@@ -51,6 +51,11 @@ class HeadlessToolkit : public Toolkit {
   /// The screen of the forms that scripts work.
   ScriptedScreen& scriptedScreen() { return scripted_; }
 
+  /// Chooses among the buttons of a message box that no answer is left for; without it, and where it gives
+  /// nothing, the box gets its default button.
+  std::function<std::optional<Answer>(const std::string& text, const std::vector<Answer>& possible)>
+      unattended;
+
   /// Whether an answer is left for the next box or file dialog.
   bool hasAnswer() const { return !answers_.empty(); }
   /// Scripts and answers that nothing asked for, as they were written.

@@ -112,7 +112,9 @@ TEST_F(Presentations, EventsComeInOrderAndSavingCanBeCancelled) {
   EXPECT_EQ(presentation.Saved(), host::msoFalse);
 
   events.cancelSave = true;
-  presentation.Save();
+  EXPECT_EQ(errorNumber([&] { presentation.Save(); }), base::errors::unspecific);
+  EXPECT_EQ(errorNumber([&] { presentation.SaveAs(folder.path("no.pptx")); }), base::errors::unspecific);
+  EXPECT_FALSE(std::filesystem::exists(folder.path("no.pptx")));
   EXPECT_EQ(test::readFile(path), before);
   EXPECT_EQ(presentation.Saved(), host::msoFalse);
 
@@ -126,9 +128,54 @@ TEST_F(Presentations, EventsComeInOrderAndSavingCanBeCancelled) {
       << "the event comes before the presentation leaves the collection";
   EXPECT_EQ(host.application().Presentations().Count(), 0);
   EXPECT_EQ(errorNumber([&] { presentation.Slides(); }), base::errors::invalidRequest);
-  EXPECT_EQ(events.names,
-            (std::vector<std::string>{"PresentationOpen", "WindowActivate", "PresentationBeforeSave",
-                                      "PresentationBeforeSave", "PresentationClose"}));
+  EXPECT_EQ(events.names, (std::vector<std::string>{"PresentationOpen", "WindowActivate",
+                                                    "PresentationBeforeSave", "PresentationBeforeSave",
+                                                    "PresentationBeforeSave", "PresentationClose"}));
+}
+
+TEST_F(Presentations, NothingIsWrittenOverWhatOthersWrote) {
+  const std::string path = save(threeSlides()), other = save(threeSlides(), "other.pptx");
+  const host::Presentation mine = host.open(path);
+  EmbeddedHost elsewhere;
+  const host::Presentation theirs = elsewhere.open(path);
+  theirs.Slides().Item(1).Delete();
+  theirs.Save();
+  const std::string written = test::readFile(path);
+  theirs.Save();  // one's own writing is none of another one
+  mine.Slides().Item(2).Delete();
+  EXPECT_EQ(errorNumber([&] { mine.Save(); }), base::errors::unspecific);
+  EXPECT_EQ(errorNumber([&] { mine.SaveAs(folder.path("./deck.pptx")); }), base::errors::unspecific);
+  EXPECT_EQ(mine.Saved(), host::msoFalse);
+  EXPECT_EQ(test::readFile(path), written);
+  mine.SaveAs(folder.path("mine.pptx"));
+
+  // Nor over what is open, under whatever name.
+  host.open(other);
+  std::filesystem::create_symlink(other, folder.path("link.pptx"));
+  for (const std::string& target : {other, folder.path("link.pptx")}) {
+    EXPECT_EQ(errorNumber([&] { mine.SaveAs(target); }), base::errors::unspecific) << target;
+    EXPECT_EQ(errorNumber([&] { mine.SaveCopyAs(target); }), base::errors::unspecific) << target;
+  }
+  EXPECT_EQ(test::readFile(path), written);
+  std::filesystem::remove(folder.path("mine.pptx"));
+  mine.Save();
+  EXPECT_TRUE(std::filesystem::exists(folder.path("mine.pptx"))) << "nothing is lost where nothing is there";
+}
+
+TEST_F(Presentations, WhatNoFileCanHoldIsNotWritten) {
+  const std::string path = save(threeSlides());
+  const host::Presentation presentation = host.open(path);
+  presentation.Tags().Add("x",
+                          "a\x01"
+                          "b\xE9"
+                          "c\xEF\xBF\xBE");
+  EXPECT_EQ(presentation.Tags().Item("x"),
+            "ab\xEF\xBF\xBD"
+            "c");
+  presentation.Save();
+  for (const auto& [name, entry] : test::readZipFile(path)) {
+    EXPECT_EQ(entry.bytes.find("&#1;"), std::string::npos) << name;
+  }
 }
 
 TEST_F(Presentations, SavesUnderOtherNames) {
