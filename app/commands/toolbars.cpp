@@ -149,12 +149,12 @@ Json barJson(const host::CommandBar& bar) {
 Exit toolbars(const ToolbarsOptions& options, const Surroundings& surroundings) {
   const auto root = installationRoot(options.root);
   if (!options.deck.empty()) requireDeck(options.deck);
-  const auto questions = surroundings.questions({}, {});
-  Session session(options.host, surroundings.addIn(root));
-  if (session.hasRibbon()) {
+  if (!deck::EmbeddedHost(options.host).state()->beforeRibbon()) {
     throw Failure(Exit::usage,
                   "--host " + options.host + ": such a host has a ribbon and no toolbars; take 9.0 to 11.0");
   }
+  const auto questions = surroundings.questions({}, {});
+  Session session(options.host, surroundings.addIn(root));
   if (!options.deck.empty()) arrange(session, options);
   Json json = Json::array();
   std::string text;

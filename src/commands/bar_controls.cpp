@@ -37,14 +37,17 @@ pptControls::Button pptControls::Button::of(const toolsBar::Entry& entry) {
           entry.beginGroup, entry.helpId};
 }
 
+/// A host may tell a click to the handlers of all buttons that have the same tag.
 void pptControls::connectClick(const host::CommandBarButton& button, ClickHandler handler, Clicks& clicks) {
-  clicks.push_back(
-      host::subscribe(button.object(), [this, handler](host::Member event, std::span<host::Value> arguments) {
-        if (event != host::member::Click || arguments.size() < 2) return;
-        bool cancelDefault = arguments[1].toBool();
-        (this->*handler)(host::CommandBarButton(arguments[0].toObject()), cancelDefault);
-        arguments[1] = cancelDefault;
-      }));
+  const auto clicked = [this, button, handler](host::Member event, std::span<host::Value> arguments) {
+    if (event != host::member::Click || arguments.size() < 2) return;
+    const host::CommandBarButton target(arguments[0].toObject());
+    if (target.Parameter() != button.Parameter() || target.Caption() != button.Caption()) return;
+    bool cancelDefault = arguments[1].toBool();
+    (this->*handler)(target, cancelDefault);
+    arguments[1] = cancelDefault;
+  };
+  clicks.push_back(host::subscribe(button.object(), clicked));
 }
 
 host::CommandBarButton pptControls::addButton(const host::CommandBarControls& controls, const Button& entry) {
