@@ -33,11 +33,13 @@ class Questions {
   /// Asks for a path; nothing where the user cancels. A base::Error where nothing answers.
   virtual std::optional<std::string> file(const ui::FileDialog& dialog) = 0;
 
-  /// A Failure where the command `name` broke off, so that what it did is half done: an error report came up,
-  /// or a dialog that nothing answers. The same where it refused its work: a box said that something is
-  /// impossible, or said anything at all and the command `changed` nothing. What a dialog says while it is
-  /// open is between it and whoever works it.
-  void requireDone(const std::string& name, bool changed) const;
+  /// A Failure where an error report came up, or a dialog that nothing answers: the command `name` broke off,
+  /// and what it did is half done.
+  void requireWhole(const std::string& name) const;
+  /// A Failure where the command refused its work: a box said that something is impossible, or said anything
+  /// at all and the command `changed` nothing. What a dialog says while it is open is between it and whoever
+  /// works it.
+  void requireAccepted(const std::string& name, bool changed) const;
   /// What the last error report says; empty where none came up.
   const std::string& errorReport() const { return errorReport_; }
   /// How all ended, the save included. Answers that nothing asked for are told.
