@@ -40,7 +40,7 @@ class Questions {
   /// at all and the command `changed` nothing. What a dialog says while it is open is between it and whoever
   /// works it.
   void requireAccepted(const std::string& name, bool changed) const;
-  /// What the last error report says; empty where none came up.
+  /// What the first error report says; empty where none came up.
   const std::string& errorReport() const { return errorReport_; }
   /// How all ended, the save included. Answers that nothing asked for are told.
   Exit settle(const std::string& name) const;
@@ -56,8 +56,10 @@ class Questions {
   static std::vector<std::string> unattendedAnswers(const std::string& text);
   /// Tells what came up, what it was answered, or `otherwise` where it has no answer, and counts it.
   void note(ui::Shown shown, const std::string& otherwise = "not answered", Circumstances circumstances = {});
-  /// An error report came up.
-  void noteErrorReport(const std::string& description) { errorReport_ = description; }
+  /// An error report came up. The first tells of the cause.
+  void noteErrorReport(const std::string& description) {
+    if (errorReport_.empty()) errorReport_ = description;
+  }
   /// A dialog for files got no answer: notes that and raises it.
   [[noreturn]] void raiseUnanswered(const ui::FileDialog& dialog);
   /// A dialog got no answer that closes it.
@@ -68,7 +70,7 @@ class Questions {
   bool counting_ = false;
   bool critical_ = false;                  ///< whether a critical box came up outside dialogs
   bool told_ = false;                      ///< whether any notice did
-  std::string errorReport_;                ///< what the last error report says
+  std::string errorReport_;                ///< what the first error report says
   std::optional<base::Error> unanswered_;  ///< why a dialog got no answer that closes it
 };
 
