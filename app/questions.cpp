@@ -69,7 +69,8 @@ void Questions::note(ui::Shown shown, const std::string& otherwise, Circumstance
        (shown.staysOpen ? "" : "  " + answer + "\n"));
   const bool isNotice =
       shown.kind == ui::Shown::Kind::messageBox && shown.answer == "OK" && shown.icon != ui::Icon::question;
-  if (!counting_ || circumstances.inDialog || !isNotice) return;
+  const bool isWarning = shown.text == commands::temporaryFolderWarning;
+  if (!counting_ || circumstances.inDialog || !isNotice || isWarning) return;
   told_ = true;
   critical_ = critical_ || shown.icon == ui::Icon::critical;
 }
@@ -82,13 +83,15 @@ void Questions::raiseUnanswered(const ui::FileDialog& dialog) {
   throw *unanswered_;
 }
 
-void Questions::requireDone(const std::string& name, bool changed) const {
+void Questions::requireWhole(const std::string& name) const {
   std::vector<std::string> told;
   if (!errorReport_.empty()) told.push_back(errorReport_);
   if (unanswered_) told.push_back(unanswered_->description());
-  if (!told.empty()) {
-    throw Failure(Exit::refused, name + ": broke off, nothing is written: " + base::join(told, "; "));
-  }
+  if (told.empty()) return;
+  throw Failure(Exit::refused, name + ": broke off, nothing is written: " + base::join(told, "; "));
+}
+
+void Questions::requireAccepted(const std::string& name, bool changed) const {
   if (critical_ || (told_ && !changed)) {
     throw Failure(Exit::refused,
                   name + ": could not do its work, nothing is written; the message above says why");

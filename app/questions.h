@@ -33,12 +33,14 @@ class Questions {
   /// Asks for a path; nothing where the user cancels. A base::Error where nothing answers.
   virtual std::optional<std::string> file(const ui::FileDialog& dialog) = 0;
 
-  /// A Failure where the command `name` broke off, so that what it did is half done: an error report came up,
-  /// or a dialog that nothing answers. The same where it refused its work: a box said that something is
-  /// impossible, or said anything at all and the command `changed` nothing. What a dialog says while it is
-  /// open is between it and whoever works it.
-  void requireDone(const std::string& name, bool changed) const;
-  /// What the last error report says; empty where none came up.
+  /// A Failure where an error report came up, or a dialog that nothing answers: the command `name` broke off,
+  /// and what it did is half done.
+  void requireWhole(const std::string& name) const;
+  /// A Failure where the command refused its work: a box said that something is impossible, or said anything
+  /// at all and the command `changed` nothing. What a dialog says while it is open is between it and whoever
+  /// works it.
+  void requireAccepted(const std::string& name, bool changed) const;
+  /// What the first error report says; empty where none came up.
   const std::string& errorReport() const { return errorReport_; }
   /// How all ended, the save included. Answers that nothing asked for are told.
   Exit settle(const std::string& name) const;
@@ -54,8 +56,10 @@ class Questions {
   static std::vector<std::string> unattendedAnswers(const std::string& text);
   /// Tells what came up, what it was answered, or `otherwise` where it has no answer, and counts it.
   void note(ui::Shown shown, const std::string& otherwise = "not answered", Circumstances circumstances = {});
-  /// An error report came up.
-  void noteErrorReport(const std::string& description) { errorReport_ = description; }
+  /// An error report came up. The first tells of the cause.
+  void noteErrorReport(const std::string& description) {
+    if (errorReport_.empty()) errorReport_ = description;
+  }
   /// A dialog for files got no answer: notes that and raises it.
   [[noreturn]] void raiseUnanswered(const ui::FileDialog& dialog);
   /// A dialog got no answer that closes it.
@@ -66,7 +70,7 @@ class Questions {
   bool counting_ = false;
   bool critical_ = false;                  ///< whether a critical box came up outside dialogs
   bool told_ = false;                      ///< whether any notice did
-  std::string errorReport_;                ///< what the last error report says
+  std::string errorReport_;                ///< what the first error report says
   std::optional<base::Error> unanswered_;  ///< why a dialog got no answer that closes it
 };
 

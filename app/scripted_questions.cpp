@@ -100,6 +100,11 @@ class ScriptedQuestions : public Questions, private ui::HeadlessToolkit {
     if (form.name() == errorForm) {
       const auto* description = dynamic_cast<const ui::Label*>(form.find(errorLabel));
       noteErrorReport(description ? description->caption() : "an unexpected error has occurred");
+      // One that nobody reads is told and closed.
+      if (!hasDialogFor(errorForm) && !hasDisplay()) {
+        note({ui::Shown::Kind::form, ui::Icon::none, form.caption(), form.name(), {}, {}});
+        return;
+      }
     }
     ++openDialogs_;
     try {

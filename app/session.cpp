@@ -210,15 +210,15 @@ void Session::save(const std::string& out) {
   }
 }
 
-void requireDone(const Questions& questions, const Session& session, const std::string& deck,
-                 const std::string& name, bool changed) {
+void requireWhole(const Questions& questions, const Session& session, const std::string& deck,
+                  const std::string& name) {
   if (!questions.errorReport().empty()) {
     for (const std::string& fault : session.damages()) {
       if (questions.errorReport().find(fault) == std::string::npos) continue;
       throw Failure(Exit::deck, deck + ": " + fault + "; nothing is written");
     }
   }
-  questions.requireDone(name, changed);
+  questions.requireWhole(name);
 }
 
 }  // namespace vellumark::app

@@ -81,9 +81,9 @@ class Session {
   bool differed_ = false;        ///< it had changes already when the watch began
 };
 
-/// As Questions::requireDone(), but where the report is about damage of the deck it is the deck that can't be
-/// read.
-void requireDone(const Questions& questions, const Session& session, const std::string& deck,
-                 const std::string& name, bool changed);
+/// As Questions::requireWhole(), but where the report is about damage of the deck it is the deck that can't
+/// be read.
+void requireWhole(const Questions& questions, const Session& session, const std::string& deck,
+                  const std::string& name);
 
 }  // namespace vellumark::app

@@ -135,10 +135,11 @@ Exit agenda(const AgendaCommandOptions& options, const Surroundings& surrounding
     // Numbers of slides that came later than a row are known only now.
     if (!presentation.Tags().Item(tags::slideOrder).empty()) vellumark::agenda::updateAgendaSlides();
   } catch (const Failure&) {
-    requireDone(*questions, session, options.deck, "agenda", true);
+    requireWhole(*questions, session, options.deck, "agenda");
     throw;
   }
-  requireDone(*questions, session, options.deck, "agenda", true);
+  requireWhole(*questions, session, options.deck, "agenda");
+  questions->requireAccepted("agenda", true);
   session.save(options.out);
   if (wasStored) tell(became);
   tellWhatLeavesTheSlides(presentation, options.deck);

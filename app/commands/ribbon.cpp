@@ -21,14 +21,22 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+/// Where a ribbon comes from, and what is wrong with it.
+struct Source {
+  AddIn& addIn;
+  std::vector<std::string> faults;
+  std::string notes = {};
+};
+
 /// A control of the definition as the host shows it. The callbacks that it names are asked.
 class Control {
  public:
-  Control(AddIn& addIn, pugi::xml_node node) : addIn_(addIn), node_(node) {
-    label_ = node.attribute("getLabel") ? ask("getLabel").toString() : node.attribute("label").value();
-    visible_ = !node.attribute("getVisible") || ask("getVisible").toBool();
-    enabled_ = !node.attribute("getEnabled") || ask("getEnabled").toBool();
-    if (node.attribute("getPressed")) pressed_ = ask("getPressed").toBool();
+  Control(Source& source, pugi::xml_node node) : addIn_(source.addIn), node_(node) {
+    label_ = node.attribute("label").value();
+    answer(source, "getLabel", [&](const host::Value& value) { label_ = value.toString(); });
+    answer(source, "getVisible", [&](const host::Value& value) { visible_ = value.toBool(); });
+    answer(source, "getEnabled", [&](const host::Value& value) { enabled_ = value.toBool(); });
+    answer(source, "getPressed", [&](const host::Value& value) { pressed_ = value.toBool(); });
     // A failure leaves a control without its image, as the host does.
     if (node.attribute("getImage")) {
       image_ = false;
@@ -77,6 +85,19 @@ class Control {
   }
 
  private:
+  /// Takes the answer of a callback, if the definition names one. A failure is told, and leaves what it is
+  /// about as it is without.
+  template <typename Take>
+  void answer(Source& source, const char* callback, const Take& take) const {
+    if (!node_.attribute(callback)) return;
+    try {
+      take(ask(callback));
+    } catch (const base::Error& error) {
+      source.notes += std::string(node_.attribute("id").value()) + ": its " + callback +
+                      " fails: " + oneLine(error.description()) + "\n";
+    }
+  }
+
   host::Value ask(const char* callback) const {
     return addIn_.callBack(node_.attribute(callback).value(), object());
   }
@@ -103,13 +124,6 @@ class Control {
   std::optional<bool> pressed_, image_;
   std::vector<std::string> items_;
   int selected_ = -1;
-};
-
-/// Where a ribbon comes from, and what is wrong with it.
-struct Source {
-  AddIn& addIn;
-  std::vector<std::string> faults;
-  std::string notes = {};
 };
 
 /// Fills in a dynamic menu. It stays empty where its callback fails or gives no menu, as the host shows it.
@@ -144,7 +158,7 @@ std::vector<pugi::xml_node> children(Source& source, pugi::xml_node node, pugi::
 }
 
 std::string tree(Source& source, pugi::xml_node node, int depth) {
-  const Control control(source.addIn, node);
+  const Control control(source, node);
   std::string text;
   // Of a split button only the main part has a line; the rest of the menu stands under it.
   const bool split = std::string_view(node.name()) == "splitButton";
@@ -163,7 +177,7 @@ std::string tree(Source& source, pugi::xml_node node, int depth) {
 }
 
 Json treeJson(Source& source, pugi::xml_node node) {
-  Json json = Control(source.addIn, node).json();
+  Json json = Control(source, node).json();
   pugi::xml_document content;
   for (const pugi::xml_node child : children(source, node, content)) {
     json["children"].push_back(treeJson(source, child));

@@ -57,10 +57,11 @@ Exit runOnDeck(const RunOptions& options, const std::string& name, const Surroun
   try {
     act(session);
   } catch (const Failure&) {
-    requireDone(*questions, session, options.deck, name, session.changed());
+    requireWhole(*questions, session, options.deck, name);
     throw;
   }
-  requireDone(*questions, session, options.deck, name, session.changed());
+  requireWhole(*questions, session, options.deck, name);
+  questions->requireAccepted(name, session.changed());
 
   if (!options.out.empty() || options.inPlace) session.save(options.out);
   const host::Shapes shapes = session.shapesInView();

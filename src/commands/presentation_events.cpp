@@ -111,10 +111,7 @@ void pptEvents::warnOfTemporaryFolder(const host::Presentation& presentation) co
       name == lastSavedName_) {
     return;
   }
-  core::message(
-      "Caution! This presentation is being saved in a temporary folder.\r\nData in this folder may be "
-      "deleted or overwritten inadvertently.",
-      ui::Icon::exclamation);
+  core::message(temporaryFolderWarning, ui::Icon::exclamation);
 }
 
 void pptEvents::pptApp_PresentationBeforeSave(const host::Presentation& presentation, bool& cancel) {

@@ -178,7 +178,8 @@ TEST_F(Run, ColorsOfTheScreenGoIntoTheDeck) {
 }
 
 TEST_F(Run, CriticalBoxesAreToldAndCountAsFailure) {
-  // The width of a shape at 30 degrees can't be set; the position step behind it still runs, and is saved.
+  // The width of a shape at 30 degrees can't be set. The position step behind it still runs, but what is half
+  // done is not written.
   const Outcome outcome = runCommand("stretchLeft", deck_, {"--select", "Askew,Master", "-o", out_});
   EXPECT_EQ(outcome.status, 1) << outcome.err;
   for (const std::string part :
@@ -186,7 +187,7 @@ TEST_F(Run, CriticalBoxesAreToldAndCountAsFailure) {
         "Shape width can only be set if shape is rotated by a multiple of 90 degrees."}) {
     EXPECT_NE(outcome.err.find(part), std::string::npos) << outcome.err;
   }
-  EXPECT_NE(placed(readZipFile(out_)["ppt/slides/slide1.xml"].bytes, "Askew", "a:off"), "8890000,381000");
+  EXPECT_FALSE(fs::exists(out_));
 }
 
 TEST_F(Run, ErrorReportsEndTheCommand) {

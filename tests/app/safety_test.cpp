@@ -118,7 +118,8 @@ TEST_F(Safety, QuestionsThatNobodyAnswersChangeNothing) {
   EXPECT_EQ(hidden.status, 0) << hidden.err;
   EXPECT_NE(hidden.err.find("answered: Yes, because nothing else was said"), std::string::npos) << hidden.err;
   const std::string before = readFile(out_);
-  const Outcome no = runCommand("alignTops", out_, {"--select", "A,One", "--in-place", "--answer", "No"});
+  const Outcome no =
+      runCommand("alignTops", out_, {"--select", "A,One", "--in-place", "--answer", "OK", "--answer", "No"});
   EXPECT_EQ(no.status, 1) << no.err;
   EXPECT_EQ(readFile(out_), before);
   const Outcome extract = runCommand("saveSelectedSlides", out_,

@@ -105,6 +105,10 @@ std::vector<std::string> HeadlessToolkit::unused() const {
   return left;
 }
 
+bool HeadlessToolkit::hasDialogFor(const std::string& name) const {
+  return !dialogs_.empty() && base::equalsIgnoreCase(dialogs_.front().form, name);
+}
+
 bool HeadlessToolkit::sawForm(const std::string& name) const {
   return std::ranges::find(forms_, name) != forms_.end();
 }

@@ -58,6 +58,8 @@ class HeadlessToolkit : public Toolkit {
 
   /// Whether an answer is left for the next box or file dialog.
   bool hasAnswer() const { return !answers_.empty(); }
+  /// Whether the next script is for the form of that name.
+  bool hasDialogFor(const std::string& name) const;
   /// Scripts and answers that nothing asked for, as they were written.
   std::vector<std::string> unused() const;
   /// Whether a message box with the critical icon, or the form of that name, came up.
