@@ -105,7 +105,9 @@ first, for commands that paste)";
 const char* const viewDescription = R"(The view: slide, slidemaster, notes, handoutmaster,
 notesmaster, outline, sorter, titlemaster, normal, thumbnails)";
 const char* const dialogDescription = R"(Answer a dialog; again for further ones, in order:
-'FORM: control=value; control(2)=value; button')";
+'FORM: control=value; control(2)=value; button'
+also: form!type=text; form!press=Escape; form!wait=1500
+(milliseconds); picture!click=120,40; form!close)";
 const char* const styleDescription = R"(Take over the look of a style (default: of the style that
 was chosen before, else one that suits the slides))";
 const char* const answerDescription = R"(Answer a message box by its button, an input box by its

@@ -19,6 +19,7 @@
 #include "platform/random.h"
 #include "services/icons.h"
 #include "services/languages.h"
+#include "services/splash.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::addin {
@@ -68,6 +69,7 @@ void Connect::start(const host::Application& application, const host::COMAddIn& 
   g.agenda = agenda_.get();
 
   g.screenSaverOff = base::toBool(core::getRegistry("screenSaverOff", "", "0"));
+  services::showSplash();
   services::initializeLanguages();
   if (core::isHostVersion(host::toolbarHosts)) {
     toolbarControls_->CreateControls();
@@ -119,6 +121,7 @@ void Connect::release() {
   agenda_.reset();
   g.tools = nullptr;
   tools_.reset();
+  services::unloadSplash();
   services::unloadIcons();
 }
 

@@ -23,6 +23,8 @@
 #include <utility>
 #include <vector>
 
+#include "same_picture.h"
+
 namespace {
 
 struct Icon {
@@ -185,28 +187,10 @@ void save(const QImage& image, const QString& path) {
   if (!image.save(path, "PNG")) throw std::runtime_error(path.toStdString() + " can't be written");
 }
 
-/// Whether a file shows the same: versions of the drawing engine may differ by a shade at the edges.
-bool shows(const QString& path, const QImage& image) {
-  const QImage file = QImage(path).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-  const QImage wanted = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-  if (file.size() != wanted.size()) return false;
-  constexpr double tolerance = 3;  // of 255, on average
-  double difference = 0;
-  for (int y = 0; y < wanted.height(); ++y) {
-    const uchar* a = file.constScanLine(y);
-    const uchar* b = wanted.constScanLine(y);
-    for (int i = 0; i < 4 * wanted.width(); ++i) difference += std::abs(a[i] - b[i]);
-  }
-  return difference <= tolerance * 4 * wanted.width() * wanted.height();
-}
-
 void check(const std::vector<Icon>& icons, const QString& folder) {
   for (const Icon& icon : icons) {
     for (const auto& [ending, size] : {std::pair(".png", 32), std::pair("_16.png", 16)}) {
-      const QString path = folder + u'/' + icon.name + QLatin1String(ending);
-      if (!shows(path, draw(icon, size))) {
-        throw std::runtime_error(path.toStdString() + " shows something else; draw it anew");
-      }
+      requireSame(folder + u'/' + icon.name + QLatin1String(ending), draw(icon, size));
     }
   }
 }

@@ -133,6 +133,9 @@ void FormWindow::visibilityChanged(bool visible) {
   if (!visible) end();
 }
 
+/// A window that was just made is painted when the system has shown it.
+void FormWindow::repaint() { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+
 void FormWindow::restoreFocus() {
   if (live_) focusChanged(form_->focused());
 }

@@ -195,6 +195,8 @@ void FormWindow::visibilityChanged(bool visible) {
   if (!visible) end();
 }
 
+void FormWindow::repaint() { RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN); }
+
 void FormWindow::restoreFocus() {
   if (live_) focusChanged(form_->focused());
 }

@@ -58,6 +58,7 @@ class FormWindow : private FormView, private PeerWindow {
   void captionChanged() override;
   void focusChanged(Control* control) override;
   void visibilityChanged(bool visible) override;
+  void repaint() override;
 
   HWND handle() const override { return handle_; }
   Resources& resources() override { return resources_; }
