@@ -119,7 +119,9 @@ const char* const viewDescription = R"(The view: slide, slidemaster, notes, hand
 notesmaster, outline, sorter, titlemaster, normal, thumbnails)";
 const char* const dialogDescription = R"(Answer a dialog; again for further ones, in order:
 'FORM: control=value; control(2)=value; button'
-(pixel=120,40 or color=#1B6878 clicks there on the screen))";
+also: form!type=text; form!press=Escape; form!wait=1500
+(milliseconds); picture!click=120,40; form!close;
+pixel=120,40 or color=#1B6878 clicks there on the screen)";
 const char* const agendaStyle = R"(Take over the look of a style (default: of the style that
 was chosen before, else one that suits the slides))";
 const char* const suitableStyle = R"(Choose a style on the ribbon (default: the one that was

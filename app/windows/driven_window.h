@@ -59,7 +59,14 @@ class DrivenForm {
 
  private:
   DrivenForm(HWND window, std::string name) : window_(window), name_(std::move(name)) {}
+  void performOnForm(const ui::DialogStep& step) const;
   void set(HWND control, const ui::DialogStep& step) const;
+  /// The window that has the keyboard.
+  HWND keyboard() const;
+  void press(int key) const;
+  void type(wchar_t unit) const;
+  /// Lets messages happen for that many milliseconds, or until the form closes.
+  void wait(int milliseconds) const;
 
   HWND window_;
   std::string name_;

@@ -20,6 +20,7 @@
 #include "platform/random.h"
 #include "services/icons.h"
 #include "services/languages.h"
+#include "services/splash.h"
 #include "services/survey.h"
 #include "tools/mouse_hook.h"
 #include "tools/trimline_tools.h"
@@ -71,6 +72,7 @@ void Connect::start(const host::Application& application, const host::COMAddIn& 
   g.agenda = agenda_.get();
 
   g.screenSaverOff = base::toBool(core::getRegistry("screenSaverOff", "", "0"));
+  services::showSplash();
   services::initializeLanguages();
   if (core::isHostVersion(host::toolbarHosts)) {
     toolbarControls_->CreateControls();
@@ -124,6 +126,7 @@ void Connect::release() {
   g.tools = nullptr;
   tools_.reset();
   tools::mouseHook::remove();  // where the dialog that set it is still open
+  services::unloadSplash();
   services::unloadIcons();
 }
 

@@ -22,6 +22,8 @@ class FormView {
   virtual void focusChanged(Control* control) = 0;
   /// The form is to be shown or no longer shown.
   virtual void visibilityChanged(bool visible) = 0;
+  /// Paints what isn't painted yet.
+  virtual void repaint() = 0;
   /// Does what the form does by itself, as in a tick; its failure goes to whoever waits for the form.
   virtual void perform(const std::function<void()>& act) = 0;
   /// Where the form lies on the whole screen with its border, in the screen's pixels.
@@ -57,6 +59,8 @@ class Form {
   void showModeless();
   bool visible() const { return visible_; }
   void hide();
+  /// Brings the screen up to date at once, and lets nothing else happen meanwhile.
+  void refresh();
   /// Asks onQueryUnload and closes the form, unless that cancels. Closing twice does nothing.
   void unload();
 

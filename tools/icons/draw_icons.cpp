@@ -28,6 +28,8 @@
 #include <utility>
 #include <vector>
 
+#include "same_picture.h"
+
 namespace {
 
 struct Icon {
@@ -190,21 +192,6 @@ void save(const QImage& image, const QString& path) {
   if (!image.save(path, "PNG")) throw std::runtime_error(path.toStdString() + " can't be written");
 }
 
-/// Whether a file shows the same: versions of the drawing engine may differ by a shade at the edges.
-bool shows(const QString& path, const QImage& image) {
-  const QImage file = QImage(path).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-  const QImage wanted = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-  if (file.size() != wanted.size()) return false;
-  constexpr double tolerance = 3;  // of 255, on average
-  double difference = 0;
-  for (int y = 0; y < wanted.height(); ++y) {
-    const uchar* a = file.constScanLine(y);
-    const uchar* b = wanted.constScanLine(y);
-    for (int i = 0; i < 4 * wanted.width(); ++i) difference += std::abs(a[i] - b[i]);
-  }
-  return difference <= tolerance * 4 * wanted.width() * wanted.height();
-}
-
 /// A file of an icon by its name in the folder.
 struct IconFile {
   QString name;
@@ -233,12 +220,7 @@ std::vector<IconFile> filesOf(const Icon& icon, bool masked) {
           {icon.name + QStringLiteral("_16.png"), draw(icon, 16)}};
 }
 
-void check(const IconFile& file, const QString& folder) {
-  const QString path = folder + u'/' + file.name;
-  if (!shows(path, file.image)) {
-    throw std::runtime_error(path.toStdString() + " shows something else; draw it anew");
-  }
-}
+void check(const IconFile& file, const QString& folder) { requireSame(folder + u'/' + file.name, file.image); }
 
 }  // namespace
 

@@ -259,13 +259,12 @@ void type(Form& form, char16_t unit) {
 }
 
 void press(Form& form, int key) {
+  if (keys::codeOf(static_cast<char32_t>(key)) == key) return type(form, static_cast<char16_t>(key));
   form.keyDown(key, 0);
   if (!form.visible()) return;
   if (key == keys::escape) form.pressEscape();
   if (key == keys::enter) form.pressEnter();
   if (key == keys::tab) form.tab();
-  if (const auto character = static_cast<char32_t>(key); keys::codeOf(character) == key)
-    form.keyPress(character);
 }
 
 }  // namespace

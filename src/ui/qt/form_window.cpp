@@ -143,6 +143,9 @@ Rect FormWindow::frame() const {
           scaled(own.width()), scaled(own.height())};
 }
 
+/// A window that was just made is painted when the system has shown it.
+void FormWindow::repaint() { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+
 void FormWindow::restoreFocus() {
   if (live_) focusChanged(form_->focused());
 }

@@ -205,6 +205,8 @@ Rect FormWindow::frame() const {
   return {own.left, own.top, own.right - own.left, own.bottom - own.top};
 }
 
+void FormWindow::repaint() { RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN); }
+
 void FormWindow::restoreFocus() {
   if (live_) focusChanged(form_->focused());
 }

@@ -59,6 +59,7 @@ class FormWindow : private FormView, private PeerWindow {
   void focusChanged(Control* control) override;
   void visibilityChanged(bool visible) override;
   Rect frame() const override;
+  void repaint() override;
 
   HWND handle() const override { return handle_; }
   Resources& resources() override { return resources_; }
