@@ -2,9 +2,14 @@
 
 #include <algorithm>
 
+#include "agenda_matching.h"
 #include "arguments.h"
+#include "base/text.h"
+#include "console.h"
+#include "core/globals.h"
 #include "core/xml.h"
 #include "failure.h"
+#include "platform/ansi.h"
 
 namespace vellumark::app {
 namespace {
@@ -31,8 +36,43 @@ std::vector<AgendaItem> itemsOf(const agenda::AgendaDocument& document) {
   return items;
 }
 
-AgendaEditor::AgendaEditor() {
+namespace {
+
+std::string quoted(const AgendaItem& item) { return "\"" + oneLine(item.text) + "\""; }
+
+/// What a user may want to know of the old items: which were taken for another one, and which went.
+std::string whatBecame(const std::vector<AgendaItem>& before, const std::vector<AgendaItem>& after,
+                       const std::vector<std::optional<std::size_t>>& matches) {
+  std::string lines;
+  std::vector<bool> stays(before.size());
+  for (std::size_t i = 0; i < after.size(); ++i) {
+    if (!matches[i]) continue;
+    const AgendaItem& old = before[*matches[i]];
+    stays[*matches[i]] = true;
+    if (old.text != after[i].text) {
+      lines += quoted(old) + " is now " + quoted(after[i]) + " and keeps its slide\n";
+    } else if (old.level != after[i].level) {
+      lines += quoted(old) + " is now on level " + std::to_string(after[i].level) + " and keeps its slide\n";
+    }
+  }
+  for (std::size_t i = 0; i < before.size(); ++i) {
+    if (!stays[i])
+      lines += quoted(before[i]) + " is gone" + (before[i].ownSlide ? " with its slide\n" : "\n");
+  }
+  return lines;
+}
+
+}  // namespace
+
+// The dialog begins with the current style. That the deck has its own style is not to be changed by this.
+AgendaEditor::AgendaEditor(const std::string& newStyle) {
+  core::Globals& globals = core::globals();
+  const std::string current = globals.currentStyle;
+  for (const std::string& name : globals.styleNames) {
+    if (base::equalsIgnoreCase(name, newStyle)) globals.currentStyle = name;
+  }
   wizard_.load();
+  globals.currentStyle = current;
   if (wizard_.abortDialog) {
     throw Failure(Exit::refused, "agenda: the Agenda Wizard can't open; the message above says why");
   }
@@ -40,13 +80,13 @@ AgendaEditor::AgendaEditor() {
 
 void AgendaEditor::setOptions(const AgendaOptions& options) {
   if (options.style) chooseStyle(*options.style);
-  if (options.title) write(wizard_.tbTitle, *options.title, "--title");
+  if (options.title) write(wizard_.tbTitle, platform::fromAnsiOrUtf8(*options.title), "--title");
   if (options.subtitle) {
     if (!wizard_.tbSubtitle.enabled()) {
       throw Failure(Exit::usage, "--subtitle: the style \"" + wizard_.agendaStyle +
                                      "\" has no subtitle; take another --style, or leave it out");
     }
-    write(wizard_.tbSubtitle, *options.subtitle, "--subtitle");
+    write(wizard_.tbSubtitle, platform::fromAnsiOrUtf8(*options.subtitle), "--subtitle");
   }
   if (options.start) write(wizard_.tbStart, *options.start, "--start");
   if (options.numbers) tick(wizard_.cbShowItemNumbers, *options.numbers);
@@ -72,6 +112,12 @@ void AgendaEditor::chooseStyle(const std::string& style) {
 
 /// A value is checked when its field is left.
 void AgendaEditor::write(ui::TextBox& box, const std::string& text, const char* option) {
+  if (!isOneLine(text)) {
+    throw Failure(Exit::usage,
+                  std::string(option) +
+                      ": holds a line break, a tab or another control character; write it on one "
+                      "line");
+  }
   wizard_.focus(box);
   box.text(text);
   if (!wizard_.focus(wizard_.tvItems)) {
@@ -92,33 +138,23 @@ std::vector<std::string> AgendaEditor::ids() const {
   return ids;
 }
 
-void AgendaEditor::setItems(const std::vector<AgendaItem>& items) {
-  const std::vector<std::string> matches = matchItems(items);
-  deleteOthers(matches);
+std::string AgendaEditor::setItems(const std::vector<AgendaItem>& items) {
+  const std::vector<pugi::xml_node> nodes = wizard_.agendaDoc.items();
+  const std::vector<AgendaItem> before = itemsOf(wizard_.agendaDoc);
+  const std::vector<std::optional<std::size_t>> matches = matchItems(before, items);
+  std::vector<std::string> kept;
+  for (const auto& match : matches) kept.push_back(match ? idOf(nodes[*match]) : std::string());
+  deleteOthers(kept);
   for (std::size_t i = 0; i < items.size(); ++i) {
-    if (matches[i].empty()) {
+    if (kept[i].empty()) {
       addItem(i);
     } else {
       const std::vector<std::string> now = ids();
-      moveUp(matches[i], static_cast<std::size_t>(std::ranges::find(now, matches[i]) - now.begin()), i);
+      moveUp(kept[i], static_cast<std::size_t>(std::ranges::find(now, kept[i]) - now.begin()), i);
     }
     fillIn(ids()[i], items[i]);
   }
-}
-
-/// For each of the new items the id of the old one that it is, empty where it is new.
-std::vector<std::string> AgendaEditor::matchItems(const std::vector<AgendaItem>& items) const {
-  std::vector<pugi::xml_node> left = wizard_.agendaDoc.items();
-  std::vector<std::string> matches;
-  for (const AgendaItem& item : items) {
-    const auto found = std::ranges::find_if(left, [&](const pugi::xml_node& old) {
-      const AgendaItem known = readItem(old);
-      return known.text == item.text && known.level == item.level;
-    });
-    matches.push_back(found == left.end() ? std::string() : idOf(*found));
-    if (found != left.end()) left.erase(found);
-  }
-  return matches;
+  return whatBecame(before, items, matches);
 }
 
 void AgendaEditor::deleteOthers(const std::vector<std::string>& kept) {
@@ -155,6 +191,15 @@ void AgendaEditor::fillIn(const std::string& id, const AgendaItem& item) {
   tick(wizard_.cbGenerateAgendaSlide, item.ownSlide);
 }
 
-void AgendaEditor::finish() { wizard_.OK(); }
+void AgendaEditor::finish() {
+  const auto all = itemsOf(wizard_.agendaDoc);
+  if (std::ranges::none_of(all, &AgendaItem::ownSlide)) {
+    throw Failure(
+        Exit::refused,
+        "agenda: no item has a slide of its own, so that nothing would be left of the agenda; nothing "
+        "is written: give an item one (column \"own slide\")");
+  }
+  wizard_.OK();
+}
 
 }  // namespace vellumark::app

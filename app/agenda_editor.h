@@ -18,16 +18,18 @@ struct AgendaOptions {
 
 class AgendaEditor {
  public:
-  /// Opens the dialog, without showing it, on the active presentation. A Failure where it has nothing to work
-  /// on.
-  AgendaEditor();
+  /// Opens the dialog, without showing it, on the active presentation; an agenda that is new begins in that
+  /// style, where there is one of the name. A Failure where the dialog has nothing to work on.
+  explicit AgendaEditor(const std::string& newStyle);
 
   /// Failures of usage where the dialog refuses a value.
   void setOptions(const AgendaOptions& options);
-  /// Makes the list of items this one. Items that the agenda has already, with the same text on the same
-  /// level, stay the same items, so that their slides stay where they are.
-  void setItems(const std::vector<AgendaItem>& items);
-  /// Presses OK.
+  /// Makes the list of items this one. Items that the agenda has already stay the same items, so that their
+  /// slides stay where they are with all that lies on them: those of the same text, wherever they are now and
+  /// on whatever level, and those that were reworded in their place. The result tells in lines what became of
+  /// items that are not as they were.
+  std::string setItems(const std::vector<AgendaItem>& items);
+  /// Presses OK. A Failure where no item has a slide: the agenda would go with its last one.
   void finish();
 
  private:
@@ -36,7 +38,6 @@ class AgendaEditor {
   void tick(ui::CheckBox& box, bool on);
   void select(const std::string& id);
   std::vector<std::string> ids() const;
-  std::vector<std::string> matchItems(const std::vector<AgendaItem>& items) const;
   void deleteOthers(const std::vector<std::string>& kept);
   void addItem(std::size_t position);
   void moveUp(const std::string& id, std::size_t from, std::size_t to);

@@ -8,6 +8,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "base/xml_storable.h"
 #include "csv.h"
 #include "failure.h"
 #include "platform/ansi.h"
@@ -43,9 +44,6 @@ class Place {
   int line_ = 0;
 };
 
-bool isUtf8(const std::string& bytes) { return base::fromUtf16(base::toUtf16(bytes)) == bytes; }
-
-/// What isn't UTF-8 is in the system's ANSI code page, as spreadsheets on Windows write CSV.
 std::string readText(const std::string& path, const Place& place) {
   std::string bytes;
   try {
@@ -57,13 +55,11 @@ std::string readText(const std::string& path, const Place& place) {
       bytes.find('\0') != std::string::npos) {
     place.refuse("is no text in UTF-8; save it as UTF-8 text or CSV");
   }
-  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
-  return isUtf8(bytes) ? bytes : platform::fromAnsi(bytes);
+  return platform::fromAnsiOrUtf8(bytes);
 }
 
 void requireOneLine(const std::string& value, Column column, const Place& place) {
-  const bool clean = std::ranges::all_of(value, [](char c) { return static_cast<unsigned char>(c) >= ' '; });
-  if (!clean) {
+  if (!isOneLine(value)) {
     place.refuse(std::string(columnNames[column]) +
                  " holds a line break, a tab or another control character; write it on one line");
   }
@@ -231,6 +227,12 @@ void requireAgenda(const std::vector<Read>& items, const Place& place) {
 const char* yesNo(bool on) { return on ? "yes" : "no"; }
 
 }  // namespace
+
+bool isOneLine(const std::string& text) {
+  const bool printable =
+      std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) >= ' ' && c != 0x7F; });
+  return printable && base::isXmlStorable(text);
+}
 
 std::vector<AgendaItem> readAgendaItems(const std::string& path) {
   const Place place(path);

@@ -18,6 +18,9 @@ struct AgendaItem {
   friend bool operator==(const AgendaItem&, const AgendaItem&) = default;
 };
 
+/// Whether a text is printable and has no end of a line in it, as the dialog's fields hold it.
+bool isOneLine(const std::string& text);
+
 /// Reads a file of items.
 ///
 /// Plain text has an item a line; a tab or two blanks in front make it one of the second level. CSV, told by

@@ -57,6 +57,22 @@ std::vector<host::Shape> byName(const host::Shapes& shapes, const std::string& n
   return exact.empty() ? trimmed : exact;
 }
 
+/// The name of the group that holds a shape of that name or #id, on whatever level; empty where none does.
+std::string groupAround(const host::Shapes& shapes, const std::string& reference) {
+  const int count = shapes.Count();
+  for (int i = 1; i <= count; ++i) {
+    const host::Shape group = shapes.Item(i);
+    if (group.Type() != host::msoGroup) continue;
+    const host::GroupShapes members = group.GroupItems();
+    const int memberCount = members.Count();
+    for (int j = 1; j <= memberCount; ++j) {
+      const host::Shape member = members.Item(j);
+      if (member.Name() == reference || "#" + std::to_string(member.Id()) == reference) return group.Name();
+    }
+  }
+  return {};
+}
+
 }  // namespace
 
 void refuseName(const std::string& option, const std::string& kind, std::string_view name,
@@ -158,6 +174,9 @@ host::Shape findShape(const host::Shapes& shapes, const std::string& reference, 
     }
   }
   if (found.empty()) {
+    if (const std::string group = groupAround(shapes, text); !group.empty()) {
+      misused(option + ": \"" + text + "\" lies in the group \"" + group + "\"; take the group as a whole");
+    }
     misused(option + ": no shape \"" + text + "\" on the slide in view; \"vellumark show DECK\" lists them");
   }
   if (found.size() > 1) {

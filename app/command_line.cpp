@@ -16,6 +16,7 @@
 #include "commands/ribbon.h"
 #include "commands/run.h"
 #include "commands/show.h"
+#include "commands/toolbars.h"
 #include "console.h"
 #include "core/config.h"
 
@@ -31,7 +32,10 @@ const char* const overview = R"(Examples:
 
 "vellumark SUBCOMMAND --help" tells more, with examples.
 
-Exit status: 0 done; 1 the command refused or failed; 2 wrong usage; 3 the deck can't be read or written.)";
+Exit status: 0 done; 1 the command refused or failed; 2 wrong usage; 3 the deck can't be read or written.
+
+The add-in's settings lie in ~/.config/vellumark/settings.db, or in the file that the environment variable
+VELLUMARK_SETTINGS names.)";
 
 const char* const showHelp =
     R"(A shape is named in other commands by its name, its "#" with the id, or its "@" with the position,
@@ -50,8 +54,8 @@ const char* const runHelp =
 ("setLanguage 1031"); "vellumark commands" lists them. The master of a selection is the shape that is selected last.
 
 The command sees what it would see in PowerPoint after these clicks. Message boxes and dialogs that come up are told on
-standard error; --answer and --dialog answer them. Nothing is written without -o or --in-place, nor where the command
-broke off with an error.
+standard error; --answer and --dialog answer them, and a question that nothing answers gets the answer that changes
+nothing. Nothing is written without -o or --in-place, nor where the command refused its work or broke off with an error.
 
 Examples:
   vellumark run alignLefts deck.pptx --slide 3 --select 'Box 2,Box 1' -o out.pptx
@@ -71,9 +75,18 @@ Examples:
   vellumark ribbon deck.pptx --slide 3 --select 'Box 1,Box 2'
   vellumark ribbon deck.pptx --slides 2-4 --json)";
 
+const char* const toolbarsHelp =
+    R"(Each control of the add-in's bars with what it runs, the id of its help, its picture and the state that it has for the
+selection; without DECK no window is open.
+
+Examples:
+  vellumark toolbars
+  vellumark toolbars deck.pptx --slide 3 --select 'Box 1,Box 2' --host 9.0
+  vellumark toolbars deck.pptx --slides 2-4 --json)";
+
 const char* const insertHelp =
     R"(ELEMENT is one of the Slide Wizard's (menu, gallery and name) or of your own (My Elements, group and name), as
-"vellumark ribbon" lists them. It comes in the style of --style, else in the one that was chosen for the deck before,
+"vellumark ribbon" lists them ("vellumark toolbars" with --host 9.0 to 11.0). It comes in the style of --style, else in the one that was chosen for the deck before,
 else in the one that suits the slides. Its colours and fonts are those of the deck.
 
 Examples:
@@ -105,12 +118,19 @@ first, for commands that paste)";
 const char* const viewDescription = R"(The view: slide, slidemaster, notes, handoutmaster,
 notesmaster, outline, sorter, titlemaster, normal, thumbnails)";
 const char* const dialogDescription = R"(Answer a dialog; again for further ones, in order:
-'FORM: control=value; control(2)=value; button')";
-const char* const styleDescription = R"(Take over the look of a style (default: of the style that
+'FORM: control=value; control(2)=value; button'
+also: form!type=text; form!press=Escape; form!wait=1500
+(milliseconds); picture!click=120,40; form!close;
+pixel=120,40 or color=#1B6878 clicks there on the screen)";
+const char* const agendaStyle = R"(Take over the look of a style (default: of the style that
 was chosen before, else one that suits the slides))";
+const char* const suitableStyle = R"(Choose a style on the ribbon (default: the one that was
+chosen for the deck before, else one that suits the slides))";
+const char* const chosenStyle = R"(Choose a style on the ribbon (default: the one that was
+chosen for the deck before, else the first))";
 const char* const answerDescription = R"(Answer a message box by its button, an input box by its
 text, a file dialog by a path; again for further ones,
-in order (default: the box's own))";
+in order (default: what changes nothing))";
 
 const char* const itemsDescription = R"(The items, as text or CSV (default: those of the agenda
 that the deck holds))";
@@ -135,8 +155,15 @@ void addCommands(CLI::App& program, bool& json) {
   describe(commands, commandsHelp);
 }
 
+/// Where the result goes.
+CLI::Option* addOut(CLI::App& command, std::string& out) {
+  return command.add_option("-o", out, "Write the result there")
+      ->option_text("OUT")
+      ->check(CLI::Validator([](std::string& path) { return path.empty() ? "names no file" : ""; }, ""));
+}
+
 /// The options that select something in a deck's window.
-void addSituation(CLI::App& command, Situation& situation) {
+void addSituation(CLI::App& command, Situation& situation, const char* styleDescription) {
   command.add_option("--slide", situation.slide, "The slide in view (default 1)")->option_text("N");
   CLI::Option* select =
       command.add_option("--select", situation.select, selectDescription)->option_text("A,B,C");
@@ -155,27 +182,27 @@ void addSituation(CLI::App& command, Situation& situation) {
       ->excludes(text);
   command.add_option("--copy", situation.copy, copyDescription)->option_text("A,B,C");
   command.add_option("--view", situation.view, viewDescription)->option_text("TYPE");
-  command.add_option("--style", situation.style, "Choose a style on the ribbon (default: the first)")
-      ->option_text("NAME");
+  command.add_option("--style", situation.style, styleDescription)->option_text("NAME");
   command
-      .add_option("--host", situation.host, "The version that the host reports: 9.0 to 16.0 (default 14.0)")
+      .add_option("--host", situation.host,
+                  "The version that the host reports: 9.0 to 16.0 (default " + situation.host + ")")
       ->option_text("VERSION")
       ->check(CLI::IsMember({"9.0", "10.0", "11.0", "12.0", "14.0", "15.0", "16.0"}));
 }
 
+void addAnswers(CLI::App& command, std::vector<std::string>& dialogs, std::vector<std::string>& answers) {
+  command.add_option("--dialog", dialogs, dialogDescription)->option_text("SCRIPT")->allow_extra_args(false);
+  command.add_option("--answer", answers, answerDescription)->option_text("BUTTON")->allow_extra_args(false);
+}
+
 /// The options of what works on a deck as a user does.
-void addRunOptions(CLI::App& command, RunOptions& options) {
-  CLI::Option* out = command.add_option("-o", options.out, "Write the result there")->option_text("OUT");
+void addRunOptions(CLI::App& command, RunOptions& options, const char* styleDescription) {
+  CLI::Option* out = addOut(command, options.out);
   command.add_flag("--in-place", options.inPlace, "Write the result over the deck")
       ->excludes(out)
       ->option_text(" ");
-  addSituation(command, options);
-  command.add_option("--dialog", options.dialogs, dialogDescription)
-      ->option_text("SCRIPT")
-      ->allow_extra_args(false);
-  command.add_option("--answer", options.answers, answerDescription)
-      ->option_text("BUTTON")
-      ->allow_extra_args(false);
+  addSituation(command, options, styleDescription);
+  addAnswers(command, options.dialogs, options.answers);
   command.add_option("--root", options.root, "The installation (default: the program's own)")
       ->option_text("DIR");
   command.add_flag("--json", options.json, "Tell the shapes of the slide in view afterwards, as JSON");
@@ -187,25 +214,36 @@ void addInsert(CLI::App& program, InsertOptions& options) {
       ->required()
       ->option_text(" ");
   insert.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
-  addRunOptions(insert, options);
+  addRunOptions(insert, options, suitableStyle);
   describe(insert, insertHelp);
 }
 
 void addRibbon(CLI::App& program, RibbonOptions& options) {
   CLI::App& ribbon = *program.add_subcommand("ribbon", "Show the add-in's tab on the ribbon");
   ribbon.add_option("DECK", options.deck, "The presentation, a .pptx file")->option_text(" ");
-  addSituation(ribbon, options);
+  addSituation(ribbon, options, chosenStyle);
   ribbon.add_option("--root", options.root, "The installation (default: the program's own)")
       ->option_text("DIR");
   ribbon.add_flag("--json", options.json, "As JSON");
   describe(ribbon, ribbonHelp);
 }
 
+void addToolbars(CLI::App& program, ToolbarsOptions& options) {
+  CLI::App& toolbars =
+      *program.add_subcommand("toolbars", "Show the add-in's toolbars on a host before the ribbon");
+  toolbars.add_option("DECK", options.deck, "The presentation, a .pptx file")->option_text(" ");
+  addSituation(toolbars, options);
+  toolbars.add_option("--root", options.root, "The installation (default: the program's own)")
+      ->option_text("DIR");
+  toolbars.add_flag("--json", options.json, "As JSON");
+  describe(toolbars, toolbarsHelp);
+}
+
 void addRun(CLI::App& program, RunOptions& options) {
   CLI::App& run = *program.add_subcommand("run", "Run a command on a deck");
   run.add_option("COMMAND", options.command, "What to run")->required()->option_text(" ");
   run.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
-  addRunOptions(run, options);
+  addRunOptions(run, options, chosenStyle);
   describe(run, runHelp);
 }
 
@@ -227,8 +265,7 @@ void addAgenda(CLI::App& program, AgendaCommandOptions& options) {
   CLI::App& agenda = *program.add_subcommand("agenda", "Make the agenda slides of a deck, or list its items");
   agenda.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
   CLI::Option* items = agenda.add_option("--items", options.items, itemsDescription)->option_text("FILE");
-  CLI::Option* style =
-      agenda.add_option("--style", options.agenda.style, styleDescription)->option_text("NAME");
+  CLI::Option* style = agenda.add_option("--style", options.agenda.style, agendaStyle)->option_text("NAME");
   agenda.add_option("--title", options.agenda.title, "Title of the agenda slides")->option_text("TEXT");
   agenda.add_option("--subtitle", options.agenda.subtitle, "The line below it")->option_text("TEXT");
   agenda.add_option("--start", options.agenda.start, "When the first item begins")->option_text("HH:MM");
@@ -239,11 +276,12 @@ void addAgenda(CLI::App& program, AgendaCommandOptions& options) {
   agenda.get_option("--pages")->excludes("--times");
   CLI::Option* exporting = agenda.add_flag("--export", options.exportItems, exportDescription);
   exporting->excludes(items)->excludes(style)->option_text(" ");
-  CLI::Option* out = agenda.add_option("-o", options.out, "Write the result there")->option_text("OUT");
+  CLI::Option* out = addOut(agenda, options.out);
   agenda.add_flag("--in-place", options.inPlace, "Write the result over the deck")
       ->excludes(out)
       ->excludes(exporting)
       ->option_text(" ");
+  addAnswers(agenda, options.dialogs, options.answers);
   agenda.add_option("--root", options.root, "The installation (default: the program's own)")
       ->option_text("DIR");
   describe(agenda, agendaHelp);
@@ -252,7 +290,7 @@ void addAgenda(CLI::App& program, AgendaCommandOptions& options) {
 void addDemo(CLI::App& program, DemoOptions& options) {
   CLI::App& demo = *program.add_subcommand("demo", "Straighten a slide and show what moved");
   demo.add_option("DECK", options.deck, "The presentation, a .pptx file")->required()->option_text(" ");
-  demo.add_option("-o", options.out, "Write the result there")->required()->option_text("OUT");
+  addOut(demo, options.out)->required();
   demo.add_option("--root", options.root, "The installation (default: the program's own)")
       ->option_text("DIR");
   describe(demo, demoHelp);
@@ -277,6 +315,8 @@ Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surro
   addInsert(program, insertOptions);
   RibbonOptions ribbonOptions;
   addRibbon(program, ribbonOptions);
+  ToolbarsOptions toolbarsOptions;
+  addToolbars(program, toolbarsOptions);
   AgendaCommandOptions agendaOptions;
   addAgenda(program, agendaOptions);
   addDemo(program, demoOptions);
@@ -304,6 +344,7 @@ Exit runCommandLine(int argc, const char* const* argv, const Surroundings& surro
   if (subcommand == "run") return run(runOptions, surroundings);
   if (subcommand == "insert") return insert(insertOptions, surroundings);
   if (subcommand == "ribbon") return ribbon(ribbonOptions, surroundings);
+  if (subcommand == "toolbars") return toolbars(toolbarsOptions, surroundings);
   if (subcommand == "agenda") return agenda(agendaOptions, surroundings);
   return demo(demoOptions, surroundings);
 }

@@ -1,12 +1,14 @@
 #include "elements.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <vector>
 
 #include "arguments.h"
+#include "bars.h"
 #include "base/error.h"
-#include "base/text.h"
+#include "commands/command_table.h"
 #include "failure.h"
 
 namespace vellumark::app {
@@ -59,6 +61,19 @@ std::optional<Found> findGallery(AddIn& addIn, const std::string& path) {
   return std::nullopt;
 }
 
+/// The place (from 0) of the element that is called so, or has that number.
+int placeAmong(const std::vector<std::string>& names, const std::string& element) {
+  const auto found = std::find(names.begin(), names.end(), element);
+  if (found != names.end()) return static_cast<int>(found - names.begin());
+  int number = 0;
+  const auto [end, error] = std::from_chars(element.data(), element.data() + element.size(), number);
+  const int count = static_cast<int>(names.size());
+  if (error == std::errc{} && end == element.data() + element.size() && number >= 1 && number <= count) {
+    return number - 1;
+  }
+  refuseName("insert", "element", element, names);
+}
+
 /// The place of an element in its gallery, from 0.
 int placeOf(AddIn& addIn, const Found& found) {
   const int count = countOf(addIn, found.gallery);
@@ -67,32 +82,58 @@ int placeOf(AddIn& addIn, const Found& found) {
     names.push_back(
         addIn.callBack(found.gallery.kind + "_getItemLabel", {control(found.gallery), host::Value(i)})
             .toString());
-    if (names.back() == found.element) return i;
   }
-  int number = 0;
-  const std::string& text = found.element;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error == std::errc{} && end == text.data() + text.size() && number >= 1 && number <= count)
-    return number - 1;
-  refuseName("insert", "element", found.element, names);
+  return placeAmong(names, found.element);
+}
+
+[[noreturn]] void refusePath(const std::string& path, const std::string& subcommand) {
+  throw Failure(Exit::usage, "insert: there is no element \"" + path + "\"; \"vellumark " + subcommand +
+                                 "\" lists them as menu, gallery and name, which \"/\" divides");
+}
+
+void insertFromRibbon(Session& session, const std::string& path) {
+  AddIn& addIn = session.addIn();
+  const std::optional<Found> found = findGallery(addIn, path);
+  if (!found) refusePath(path, "ribbon");
+  const int place = placeOf(addIn, *found);
+  addIn.callBack(found->gallery.kind + "_onAction",
+                 {control(found->gallery), host::Value(std::string()), host::Value(place)});
+}
+
+bool isElement(const host::CommandBarControl& control) {
+  return control.Type() == host::msoControlButton && control.Id() == 1 &&
+         !commands::findCommand(commands::ToolbarCall(control.Parameter()).method);
+}
+
+/// The button that a path leads to. A popup that has nothing for the rest of the path is not the one that was
+/// meant, unless it is the only one with elements.
+host::CommandBarControl findElement(const host::CommandBarControls& controls, const std::string& path) {
+  std::vector<host::CommandBarControl> elements;
+  std::vector<std::string> names;
+  for (const host::CommandBarControl& control : controlsOf(controls)) {
+    const std::string caption = control.Caption();
+    if (control.Type() == host::msoControlPopup && path.starts_with(caption + "/")) {
+      if (const auto found = findElement(control.Controls(), path.substr(caption.size() + 1))) return found;
+    } else if (isElement(control)) {
+      elements.push_back(control);
+      names.push_back(caption);
+    }
+  }
+  if (elements.empty()) return {};
+  return elements[static_cast<std::size_t>(placeAmong(names, path))];
+}
+
+void insertFromToolbar(Session& session, const std::string& path) {
+  for (const host::CommandBar& bar : barsOf(session.application().CommandBars())) {
+    if (const host::CommandBarControl button = findElement(bar.Controls(), path)) return button.Execute();
+  }
+  refusePath(path, "toolbars");
 }
 
 }  // namespace
 
 void insertElement(Session& session, const std::string& path) {
-  if (!session.hasRibbon()) {
-    throw Failure(Exit::usage, "insert: only hosts with a ribbon have galleries: --host 14.0");
-  }
-  AddIn& addIn = session.addIn();
-  const std::optional<Found> found = findGallery(addIn, path);
-  if (!found) {
-    throw Failure(Exit::usage,
-                  "insert: there is no element \"" + path +
-                      "\"; \"vellumark ribbon\" lists them as menu, gallery and name, which \"/\" divides");
-  }
-  const int place = placeOf(addIn, *found);
-  addIn.callBack(found->gallery.kind + "_onAction",
-                 {control(found->gallery), host::Value(std::string()), host::Value(place)});
+  session.hasRibbon() ? insertFromRibbon(session, path) : insertFromToolbar(session, path);
 }
 
 }  // namespace vellumark::app

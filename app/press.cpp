@@ -1,9 +1,9 @@
 #include "press.h"
 
-#include <algorithm>
 #include <charconv>
 #include <optional>
 
+#include "bars.h"
 #include "base/text.h"
 #include "commands/ribbon_callbacks.h"
 #include "failure.h"
@@ -71,42 +71,35 @@ void pressOnRibbon(Session& session, const CommandCall& call) {
   }
 }
 
-/// The button with one of these parameters among controls and in the popups among them; nothing where there
-/// is none.
-host::CommandBarControl findButton(const host::CommandBarControls& controls,
-                                   const std::vector<std::string>& parameters) {
-  const int count = controls.Count();
-  for (int i = 1; i <= count; ++i) {
-    const host::CommandBarControl control = controls.Item(i);
-    const int type = control.Type();
-    if (type == host::msoControlPopup) {
-      if (const auto button = findButton(control.Controls(), parameters)) return button;
-    } else if (type == host::msoControlButton) {
-      const std::string parameter = control.Parameter();
-      const bool found = std::any_of(parameters.begin(), parameters.end(), [&](const std::string& wanted) {
-        return base::equalsIgnoreCase(wanted, parameter);
-      });
-      if (found) return control;
-    }
+std::string missingButton(const CommandCall& call) {
+  if (base::equalsIgnoreCase(call.command->method, "insertCopyright")) {
+    return call.argument.empty()
+               ? "which notice? Name it by its number, for example \"insertCopyright 1\""
+               : "there is no notice " + call.argument + "; \"vellumark toolbars\" lists them";
   }
-  return {};
+  if (base::equalsIgnoreCase(call.command->method, "setLanguage")) {
+    return call.argument.empty() ? "which language? Name it by its id, for example \"setLanguage 1033\""
+                                 : call.argument +
+                                       " is none of the user's languages; \"vellumark toolbars\" "
+                                       "lists them";
+  }
+  return "no toolbar has a button for it; take a host with a ribbon: --host 14.0";
 }
 
 void pressOnToolbar(Session& session, const CommandCall& call) {
   const std::string method = call.command->method;
   const std::string parameter = call.argument.empty() ? method : method + " " + call.argument;
-  const host::CommandBars bars = session.application().CommandBars();
-  host::CommandBarControl button;
-  const int count = bars.Count();
-  for (int i = 1; i <= count && !button; ++i) {
-    button = findButton(bars.Item(i).Controls(), {parameter, "!" + parameter});
+  const host::CommandBarControl button =
+      findButton(session.application().CommandBars(), {parameter, "!" + parameter});
+  if (!button) refuse(call, missingButton(call));
+  if (!button.Visible()) {
+    refuse(call, "hidden on the toolbar by the setting tlnControls; list its help id there, or none at all");
   }
-  if (!button) refuse(call, "no toolbar has a button for it; take a host with a ribbon: --host 14.0");
   if (!button.Enabled()) {
     refuse(call, "disabled for this selection on the toolbar; on the ribbon it needs " +
                      call.command->rule.text() + ": see --select, --slides and --view");
   }
-  host::callByName(button.object(), "Execute");
+  button.Execute();
 }
 
 }  // namespace

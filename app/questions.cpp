@@ -1,6 +1,7 @@
 #include "questions.h"
 
 #include "base/text.h"
+#include "commands/save_questions.h"
 #include "console.h"
 
 namespace vellumark::app {
@@ -48,17 +49,30 @@ std::string indented(const std::string& text) {
 void Questions::begin() {
   counting_ = true;
   errorReport_.clear();
+  unanswered_.reset();  // what came up while the add-in started isn't the command's
   arm();
 }
 
-void Questions::note(ui::Shown shown, const std::string& otherwise) {
+// Saving is what the program was asked for, so that hidden shapes are saved as they are.
+std::vector<std::string> Questions::unattendedAnswers(const std::string& text) {
+  if (text.ends_with(commands::hiddenShapesQuestion)) return {"Yes"};
+  return {"No", "Cancel"};
+}
+
+void Questions::note(ui::Shown shown, const std::string& otherwise, Circumstances circumstances) {
   const bool isForm = shown.kind == ui::Shown::Kind::form;
   if (isForm && shown.name == errorForm) shown.text = errorReport_;
-  const std::string answer = shown.answer.empty() ? otherwise : "answered: " + oneLine(shown.answer);
+  const std::string answer =
+      (shown.answer.empty() ? otherwise : "answered: " + oneLine(shown.answer)) +
+      (circumstances.unattended ? ", because nothing else was said; --answer chooses another button" : "");
   tell(heading(shown) + ", \"" + oneLine(shown.title) + "\"\n" + indented(shown.text) +
        (shown.staysOpen ? "" : "  " + answer + "\n"));
-  const bool isCritical = shown.kind == ui::Shown::Kind::messageBox && shown.icon == ui::Icon::critical;
-  critical_ = critical_ || (counting_ && isCritical);
+  const bool isNotice =
+      shown.kind == ui::Shown::Kind::messageBox && shown.answer == "OK" && shown.icon != ui::Icon::question;
+  const bool isWarning = shown.text == commands::temporaryFolderWarning;
+  if (!counting_ || circumstances.inDialog || !isNotice || isWarning) return;
+  told_ = true;
+  critical_ = critical_ || shown.icon == ui::Icon::critical;
 }
 
 void Questions::raiseUnanswered(const ui::FileDialog& dialog) {
@@ -77,12 +91,19 @@ void Questions::requireWhole(const std::string& name) const {
   throw Failure(Exit::refused, name + ": broke off, nothing is written: " + base::join(told, "; "));
 }
 
+void Questions::requireAccepted(const std::string& name, bool changed) const {
+  if (critical_ || (told_ && !changed)) {
+    throw Failure(Exit::refused,
+                  name + ": could not do its work, nothing is written; the message above says why");
+  }
+}
+
 Exit Questions::settle(const std::string& name) const {
   for (const std::string& answer : unused()) {
     tell("never asked for: \"" + oneLine(answer) + "\"\n");
   }
-  if (!critical_) return Exit::done;
-  tellFailure(name + ": could not do all of its work; the message above says why");
+  if (errorReport_.empty()) return Exit::done;
+  tellFailure(name + ": done and written, but saving met an error: " + errorReport_);
   return Exit::refused;
 }
 

@@ -13,8 +13,14 @@
 
 namespace vellumark::app {
 
-/// Answers what comes up while it lives, dialogs by the given scripts. While the add-in starts, boxes get
-/// their default answer; for the command, from begin() on, they get the given ones, and what comes up counts.
+/// Where a box comes up, and who answered it.
+struct Circumstances {
+  bool inDialog = false;    ///< a dialog waits behind it
+  bool unattended = false;  ///< the program chose among several buttons
+};
+
+/// Answers what comes up while it lives, dialogs by the given scripts. For the command, from begin() on, boxes
+/// get the given answers, and what comes up counts. A question that has no answer gets the one that changes nothing.
 class Questions {
  public:
   Questions() = default;
@@ -30,8 +36,13 @@ class Questions {
   /// A Failure where an error report came up, or a dialog that nothing answers: the command `name` broke off,
   /// and what it did is half done.
   void requireWhole(const std::string& name) const;
-  /// How the command `name` ended: refused where it showed a critical box. Answers that nothing asked for are
-  /// told.
+  /// A Failure where the command refused its work: a box said that something is impossible, or said anything
+  /// at all and the command `changed` nothing. What a dialog says while it is open is between it and whoever
+  /// works it.
+  void requireAccepted(const std::string& name, bool changed) const;
+  /// What the first error report says; empty where none came up.
+  const std::string& errorReport() const { return errorReport_; }
+  /// How all ended, the save included. Answers that nothing asked for are told.
   Exit settle(const std::string& name) const;
 
  protected:
@@ -40,10 +51,15 @@ class Questions {
   /// The answers that nothing asked for.
   virtual std::vector<std::string> unused() const = 0;
 
+  /// The buttons that a message box gets where nothing answers it, the first that it has; its default one
+  /// where it has none of them.
+  static std::vector<std::string> unattendedAnswers(const std::string& text);
   /// Tells what came up, what it was answered, or `otherwise` where it has no answer, and counts it.
-  void note(ui::Shown shown, const std::string& otherwise = "not answered");
-  /// An error report came up.
-  void noteErrorReport(const std::string& description) { errorReport_ = description; }
+  void note(ui::Shown shown, const std::string& otherwise = "not answered", Circumstances circumstances = {});
+  /// An error report came up. The first tells of the cause.
+  void noteErrorReport(const std::string& description) {
+    if (errorReport_.empty()) errorReport_ = description;
+  }
   /// A dialog for files got no answer: notes that and raises it.
   [[noreturn]] void raiseUnanswered(const ui::FileDialog& dialog);
   /// A dialog got no answer that closes it.
@@ -52,8 +68,9 @@ class Questions {
 
  private:
   bool counting_ = false;
-  bool critical_ = false;                  ///< whether a critical box came up
-  std::string errorReport_;                ///< what the last error report says
+  bool critical_ = false;                  ///< whether a critical box came up outside dialogs
+  bool told_ = false;                      ///< whether any notice did
+  std::string errorReport_;                ///< what the first error report says
   std::optional<base::Error> unanswered_;  ///< why a dialog got no answer that closes it
 };
 

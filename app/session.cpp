@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "arguments.h"
+#include "bars.h"
 #include "base/text.h"
 #include "base/trap.h"
 #include "commands/ribbon_callbacks.h"
@@ -41,18 +42,36 @@ host::Presentation Session::open(const std::string& path) {
   });
 }
 
-void Session::chooseStyle(const std::string& name) {
-  if (!ribbon_) throw Failure(Exit::usage, "--style: only a host with a ribbon has the chooser: --host 14.0");
-  const host::Value chooser(ribbonControl(commands::styleChooser).object());
-  const int count = addIn_->callBack("style_getItemCount", {chooser}).toInt();
+std::vector<std::string> Session::styles() const {
   std::vector<std::string> names;
-  for (int i = 1; i < count; ++i) {  // item 0 stands for no style
-    names.push_back(addIn_->callBack("style_getItemLabel", {chooser, i}).toString());
-    if (!base::equalsIgnoreCase(names.back(), name)) continue;
-    addIn_->callBack("style_onAction", {chooser, std::string(), i});
-    return;
+  if (ribbon_) {
+    const host::Value chooser(ribbonControl(commands::styleChooser).object());
+    const int count = addIn_->callBack("style_getItemCount", {chooser}).toInt();
+    for (int i = 1; i < count; ++i) {  // item 0 stands for no style
+      names.push_back(addIn_->callBack("style_getItemLabel", {chooser, i}).toString());
+    }
+  } else if (const host::CommandBarControl box = findStyleBox(application().CommandBars())) {
+    const int count = box.ListCount();
+    for (int i = 2; i <= count; ++i) names.push_back(box.List(i));  // the first stands for no style
   }
-  refuseName("--style", "style", name, names);
+  return names;
+}
+
+void Session::chooseStyle(const std::string& name) {
+  const std::vector<std::string> names = styles();
+  const auto found = std::find_if(names.begin(), names.end(), [&](const std::string& style) {
+    return base::equalsIgnoreCase(style, name);
+  });
+  if (found == names.end()) refuseName("--style", "style", name, names);
+  const int place = static_cast<int>(found - names.begin()) + 1;
+  if (ribbon_) {
+    const host::Value chooser(ribbonControl(commands::styleChooser).object());
+    addIn_->callBack("style_onAction", {chooser, std::string(), place});
+  } else {
+    const host::CommandBarControl box = findStyleBox(application().CommandBars());
+    box.ListIndex(place + 1);
+    box.Execute();
+  }
 }
 
 void Session::goToSlide(std::int32_t slide) {
@@ -151,18 +170,55 @@ void Session::selectCells(const std::string& spots) {
   }
 }
 
+void Session::watchChanges() {
+  differed_ = differs();
+  presentation().Saved(true);
+}
+
+bool Session::changed() const { return presentation().Saved() == host::msoFalse; }
+
+std::vector<std::string> Session::damages() const {
+  std::vector<std::string> faults;
+  const auto read = [&](auto&& sheets) {
+    try {
+      for (const deck::Sheet& sheet : sheets()) sheet.shapeTree();
+    } catch (const deck::FormatError& fault) {
+      faults.emplace_back(fault.what());
+    }
+  };
+  const std::string path = presentation().FullName();
+  for (const deck::DocumentRef& document : host_.state()->documents) {
+    if (document->path() != path) continue;
+    for (const deck::SlideEntry& slide : document->slides()) {
+      read([&] { return std::vector{document->slide(slide.id)}; });
+    }
+    for (const deck::Sheet& layout : document->layouts()) read([&] { return std::vector{layout}; });
+    read([&] { return document->masters(); });
+  }
+  return faults;
+}
+
 void Session::save(const std::string& out) {
   const host::Presentation saved = presentation();
   const std::string path = out.empty() ? saved.FullName() : out;
   try {
     out.empty() ? saved.Save() : saved.SaveAs(out);
   } catch (const base::Error& error) {
-    throw deckFailure(path, error);
-  }
-  if (saved.Saved() == host::msoFalse) {
+    if (error.description() != deck::saveCancelled) throw deckFailure(path, error);
     throw Failure(Exit::refused,
                   path + ": not written, because the add-in cancelled the save; see its message");
   }
+}
+
+void requireWhole(const Questions& questions, const Session& session, const std::string& deck,
+                  const std::string& name) {
+  if (!questions.errorReport().empty()) {
+    for (const std::string& fault : session.damages()) {
+      if (questions.errorReport().find(fault) == std::string::npos) continue;
+      throw Failure(Exit::deck, deck + ": " + fault + "; nothing is written");
+    }
+  }
+  questions.requireWhole(name);
 }
 
 }  // namespace vellumark::app

@@ -9,6 +9,7 @@
 
 #include "add_in.h"
 #include "deck/embedded_host.h"
+#include "questions.h"
 #include "ribbon.h"
 
 namespace vellumark::app {
@@ -54,11 +55,22 @@ class Session {
   /// The shapes of the slide or master in view; nothing where there is none.
   host::Shapes shapesInView() const;
 
+  /// What the command changes counts from here on.
+  void watchChanges();
+  /// Whether the deck was changed since; whether it differs from its file.
+  bool changed() const;
+  bool differs() const { return differed_ || changed(); }
+
+  /// The faults of the deck's slides, layouts and masters that can't be read.
+  std::vector<std::string> damages() const;
+
   /// Saves the deck over itself, or as `out`. A Failure where it can't be written, or where the add-in
   /// cancels.
   void save(const std::string& out = {});
 
  private:
+  /// The names in the chooser of styles.
+  std::vector<std::string> styles() const;
   /// The shapes in view that references mean, each once; `option` named them.
   std::vector<host::Shape> findShapes(const std::string& references, const std::string& option) const;
 
@@ -66,6 +78,12 @@ class Session {
   std::unique_ptr<AddIn> addIn_;
   std::shared_ptr<Ribbon> ribbon_;
   host::DocumentWindow window_;  ///< of the deck
+  bool differed_ = false;        ///< it had changes already when the watch began
 };
+
+/// As Questions::requireWhole(), but where the report is about damage of the deck it is the deck that can't
+/// be read.
+void requireWhole(const Questions& questions, const Session& session, const std::string& deck,
+                  const std::string& name);
 
 }  // namespace vellumark::app

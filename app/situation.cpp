@@ -8,28 +8,26 @@
 
 namespace vellumark::app {
 
+// What the host refuses here was asked for wrongly, unless the deck is broken.
 void arrange(Session& session, const Situation& situation) {
   session.open(situation.deck);
   if (!situation.style.empty()) session.chooseStyle(situation.style);
-  // What the host refuses here was asked for wrongly, unless the deck is broken.
-  try {
-    session.goToSlide(situation.slide);
-    if (!situation.view.empty()) session.showView(parseView(situation.view));
-    if (!situation.copy.empty()) session.copyShapes(situation.copy);
-    if (!situation.select.empty()) session.selectShapes(situation.select);
-    if (!situation.slides.empty()) session.selectSlides(situation.slides);
-    if (!situation.text.empty()) session.selectText(situation.text);
-    if (!situation.cells.empty()) session.selectCells(situation.cells);
-  } catch (const base::Error& error) {
-    if (error.number() == base::errors::unspecific) throw deckFailure(situation.deck, error);
-    const std::string option = !situation.select.empty()   ? "--select: "
-                               : !situation.slides.empty() ? "--slides: "
-                               : !situation.text.empty()   ? "--text: "
-                               : !situation.cells.empty()  ? "--cells: "
-                               : !situation.copy.empty()   ? "--copy: "
-                                                           : "--view: ";
-    throw Failure(Exit::usage, option + error.description());
-  }
+  const auto with = [&](const char* option, const std::string& value, auto&& act) {
+    if (value.empty()) return;
+    try {
+      act(value);
+    } catch (const base::Error& error) {
+      if (error.number() == base::errors::unspecific) throw deckFailure(situation.deck, error);
+      throw Failure(Exit::usage, std::string(option) + ": " + error.description());
+    }
+  };
+  with("--slide", std::to_string(situation.slide), [&](auto&) { session.goToSlide(situation.slide); });
+  with("--copy", situation.copy, [&](auto& value) { session.copyShapes(value); });
+  with("--view", situation.view, [&](auto& value) { session.showView(parseView(value)); });
+  with("--select", situation.select, [&](auto& value) { session.selectShapes(value); });
+  with("--slides", situation.slides, [&](auto& value) { session.selectSlides(value); });
+  with("--text", situation.text, [&](auto& value) { session.selectText(value); });
+  with("--cells", situation.cells, [&](auto& value) { session.selectCells(value); });
 }
 
 }  // namespace vellumark::app

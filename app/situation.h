@@ -16,7 +16,7 @@ struct Situation {
   std::string text;
   std::string cells;
   std::string view;
-  std::string style;  ///< chosen on the ribbon
+  std::string style;  ///< chosen in the box of styles
   std::string host = "14.0";
 };
 

@@ -113,7 +113,7 @@ Exit agenda(const AgendaCommandOptions& options, const Surroundings& surrounding
   const auto root = installationRoot(options.root);
   if (!options.out.empty()) requireOther(options.out, options.deck);
 
-  const auto questions = surroundings.questions({}, {});
+  const auto questions = surroundings.questions(options.dialogs, options.answers);
   Session session("14.0", surroundings.addIn(root));
   const host::Presentation presentation = session.open(options.deck);
   if (!core::globals().powerPointApp) {
@@ -122,21 +122,26 @@ Exit agenda(const AgendaCommandOptions& options, const Surroundings& surrounding
         "agenda: works where the add-in is part of the program; here take \"run showAgendaWizard\"");
   }
   if (items.empty()) storedAgenda(presentation, options.deck);
+  const bool wasStored = !presentation.Tags().Item(tags::document).empty();
 
+  std::string became;
   questions->begin();
   try {
-    AgendaEditor editor;
-    editor.setOptions(withStyle(options.agenda, presentation));
-    if (!items.empty()) editor.setItems(items);
+    const AgendaOptions chosen = withStyle(options.agenda, presentation);
+    AgendaEditor editor(chosen.style.value_or(""));
+    editor.setOptions(chosen);
+    if (!items.empty()) became = editor.setItems(items);
     editor.finish();
     // Numbers of slides that came later than a row are known only now.
     if (!presentation.Tags().Item(tags::slideOrder).empty()) vellumark::agenda::updateAgendaSlides();
   } catch (const Failure&) {
-    questions->requireWhole("agenda");
+    requireWhole(*questions, session, options.deck, "agenda");
     throw;
   }
-  questions->requireWhole("agenda");
+  requireWhole(*questions, session, options.deck, "agenda");
+  questions->requireAccepted("agenda", true);
   session.save(options.out);
+  if (wasStored) tell(became);
   tellWhatLeavesTheSlides(presentation, options.deck);
   print(report(presentation, options.deck) + "\nwritten " +
         oneLine(options.inPlace ? options.deck : options.out) + "\n");

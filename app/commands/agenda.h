@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "agenda_editor.h"
 #include "surroundings.h"
@@ -12,6 +13,8 @@ struct AgendaCommandOptions {
   std::string items;  ///< a file of items; empty keeps those that the deck's agenda has
   AgendaOptions agenda;
   bool exportItems = false;  ///< write the items instead of making slides
+  std::vector<std::string> dialogs;
+  std::vector<std::string> answers;
   std::string out;
   bool inPlace = false;
   std::string root;

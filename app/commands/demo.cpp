@@ -179,7 +179,8 @@ Exit demo(const DemoOptions& options, const Surroundings& surroundings) {
   const std::vector<Candidate> row = findRow(scene.candidates);
   straightenRow(director, row, presentation.PageSetup().SlideWidth());
   placeInGoldenSection(director, scene, row);
-  questions->requireWhole("demo");
+  requireWhole(*questions, session, options.deck, "demo");
+  questions->requireAccepted("demo", true);
   session.save(options.out);
 
   print("Slide " + std::to_string(scene.slide) + " of " + oneLine(options.deck) + "\n\n" +

@@ -1,5 +1,6 @@
 #include "commands/ribbon.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <pugixml.hpp>
@@ -20,14 +21,22 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+/// Where a ribbon comes from, and what is wrong with it.
+struct Source {
+  AddIn& addIn;
+  std::vector<std::string> faults;
+  std::string notes = {};
+};
+
 /// A control of the definition as the host shows it. The callbacks that it names are asked.
 class Control {
  public:
-  Control(AddIn& addIn, pugi::xml_node node) : addIn_(addIn), node_(node) {
-    label_ = node.attribute("getLabel") ? ask("getLabel").toString() : node.attribute("label").value();
-    visible_ = !node.attribute("getVisible") || ask("getVisible").toBool();
-    enabled_ = !node.attribute("getEnabled") || ask("getEnabled").toBool();
-    if (node.attribute("getPressed")) pressed_ = ask("getPressed").toBool();
+  Control(Source& source, pugi::xml_node node) : addIn_(source.addIn), node_(node) {
+    label_ = node.attribute("label").value();
+    answer(source, "getLabel", [&](const host::Value& value) { label_ = value.toString(); });
+    answer(source, "getVisible", [&](const host::Value& value) { visible_ = value.toBool(); });
+    answer(source, "getEnabled", [&](const host::Value& value) { enabled_ = value.toBool(); });
+    answer(source, "getPressed", [&](const host::Value& value) { pressed_ = value.toBool(); });
     // A failure leaves a control without its image, as the host does.
     if (node.attribute("getImage")) {
       image_ = false;
@@ -76,6 +85,19 @@ class Control {
   }
 
  private:
+  /// Takes the answer of a callback, if the definition names one. A failure is told, and leaves what it is
+  /// about as it is without.
+  template <typename Take>
+  void answer(Source& source, const char* callback, const Take& take) const {
+    if (!node_.attribute(callback)) return;
+    try {
+      take(ask(callback));
+    } catch (const base::Error& error) {
+      source.notes += std::string(node_.attribute("id").value()) + ": its " + callback +
+                      " fails: " + oneLine(error.description()) + "\n";
+    }
+  }
+
   host::Value ask(const char* callback) const {
     return addIn_.callBack(node_.attribute(callback).value(), object());
   }
@@ -104,22 +126,39 @@ class Control {
   int selected_ = -1;
 };
 
+/// Fills in a dynamic menu. It stays empty where its callback fails or gives no menu, as the host shows it.
+void loadMenu(Source& source, pugi::xml_node node, pugi::xml_document& content) {
+  const std::string id = node.attribute("id").value();
+  const host::IRibbonControl control(std::make_shared<RibbonControl>(id));
+  try {
+    const std::string text = source.addIn.callBack(node.attribute("getContent").value(), control).toString();
+    if (text.empty()) return;
+    const pugi::xml_parse_result result = content.load_string(text.c_str());
+    if (result) return;
+    content.reset();
+    const auto begin = static_cast<std::size_t>(std::max<std::ptrdiff_t>(result.offset - 20, 0));
+    source.faults.push_back(id + ": its menu is not well-formed XML (" + result.description() + " near \"" +
+                            excerpt(text.substr(std::min(begin, text.size())), 40) +
+                            "\"), so that none of it can be shown; names with &, < or \" break it");
+  } catch (const base::Error& error) {
+    source.notes +=
+        id + ": its menu is empty, because it can't be made: " + oneLine(error.description()) + "\n";
+  }
+}
+
 /// The children of a control in the definition; those of a dynamic menu come from the add-in.
-std::vector<pugi::xml_node> children(AddIn& addIn, pugi::xml_node node, pugi::xml_document& content) {
+std::vector<pugi::xml_node> children(Source& source, pugi::xml_node node, pugi::xml_document& content) {
   pugi::xml_node holder = node;
-  if (const pugi::xml_attribute callback = node.attribute("getContent")) {
-    const host::IRibbonControl control(std::make_shared<RibbonControl>(node.attribute("id").value()));
-    // The menu of a callback that fails is empty, as the host shows it.
-    base::resumeNext(
-        [&] { content.load_string(addIn.callBack(callback.value(), control).toString().c_str()); });
+  if (node.attribute("getContent")) {
+    loadMenu(source, node, content);
     holder = content.document_element();
   }
   const auto nodes = holder.children();
   return {nodes.begin(), nodes.end()};
 }
 
-std::string tree(AddIn& addIn, pugi::xml_node node, int depth) {
-  const Control control(addIn, node);
+std::string tree(Source& source, pugi::xml_node node, int depth) {
+  const Control control(source, node);
   std::string text;
   // Of a split button only the main part has a line; the rest of the menu stands under it.
   const bool split = std::string_view(node.name()) == "splitButton";
@@ -130,18 +169,18 @@ std::string tree(AddIn& addIn, pugi::xml_node node, int depth) {
   }
   pugi::xml_document content;
   int inner = depth;
-  for (const pugi::xml_node child : children(addIn, node, content)) {
-    text += tree(addIn, child, inner);
+  for (const pugi::xml_node child : children(source, node, content)) {
+    text += tree(source, child, inner);
     if (split) inner = depth + 1;
   }
   return text;
 }
 
-Json treeJson(AddIn& addIn, pugi::xml_node node) {
-  Json json = Control(addIn, node).json();
+Json treeJson(Source& source, pugi::xml_node node) {
+  Json json = Control(source, node).json();
   pugi::xml_document content;
-  for (const pugi::xml_node child : children(addIn, node, content)) {
-    json["children"].push_back(treeJson(addIn, child));
+  for (const pugi::xml_node child : children(source, node, content)) {
+    json["children"].push_back(treeJson(source, child));
   }
   return json;
 }
@@ -165,14 +204,17 @@ Exit ribbon(const RibbonOptions& options, const Surroundings& surroundings) {
                   "the definition of the ribbon (program/ui/zorpUI.xml) is not XML; install it anew");
   }
   const pugi::xml_node tab = definition.select_node("//tab").node();
+  Source source{session.addIn(), {}};
   if (options.json) {
-    print(jsonText(treeJson(session.addIn(), tab)));
+    print(jsonText(treeJson(source, tab)));
   } else {
     std::string lines =
         std::string(tab.attribute("label").value()) + " (" + tab.attribute("keytip").value() + ")\n";
-    print(lines + tree(session.addIn(), tab, 1));
+    print(lines + tree(source, tab, 1));
   }
-  return Exit::done;
+  tell(source.notes);
+  for (const std::string& fault : source.faults) tellFailure(fault);
+  return source.faults.empty() ? Exit::done : Exit::refused;
 }
 
 }  // namespace vellumark::app

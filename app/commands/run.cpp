@@ -15,9 +15,9 @@
 namespace vellumark::app {
 namespace {
 
-std::string written(const RunOptions& options, const host::Presentation& presentation) {
+std::string written(const RunOptions& options, const Session& session) {
   if (options.out.empty() && !options.inPlace) {
-    return presentation.Saved() ? "the deck is as it was\n" : "nothing written: give -o OUT or --in-place\n";
+    return session.differs() ? "nothing written: give -o OUT or --in-place\n" : "the deck is as it was\n";
   }
   return "written " + oneLine(options.inPlace ? options.deck : options.out) + "\n";
 }
@@ -50,25 +50,27 @@ Exit runOnDeck(const RunOptions& options, const std::string& name, const Surroun
   arrange(session, options);
 
   const int slide = session.slideInView();
-  const std::vector<Snapshot> before = takeSnapshots(session.shapesInView());
+  const std::vector<Snapshot> before =
+      readingDeck(options.deck, [&] { return takeSnapshots(session.shapesInView()); });
+  session.watchChanges();
   questions->begin();
   try {
     act(session);
   } catch (const Failure&) {
-    questions->requireWhole(name);
+    requireWhole(*questions, session, options.deck, name);
     throw;
   }
-  questions->requireWhole(name);
+  requireWhole(*questions, session, options.deck, name);
+  questions->requireAccepted(name, session.changed());
 
   if (!options.out.empty() || options.inPlace) session.save(options.out);
   const host::Shapes shapes = session.shapesInView();
   if (options.json) {
     print(jsonText(toJson(shapes ? reportShapes(shapes) : std::vector<ShapeReport>())));
-    tell(written(options, session.presentation()));
+    tell(written(options, session));
   } else {
     const bool sameSlide = session.slideInView() == slide;
-    print((sameSlide ? changesText(before, takeSnapshots(shapes)) : "") +
-          written(options, session.presentation()));
+    print((sameSlide ? changesText(before, takeSnapshots(shapes)) : "") + written(options, session));
   }
   return questions->settle(name);
 }

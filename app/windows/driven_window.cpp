@@ -2,14 +2,18 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "base/conversions.h"
 #include "base/error.h"
 #include "base/text.h"
 #include "host/automation/com.h"
 #include "ui/control.h"
+#include "ui/keys.h"
 #include "ui/toolkit.h"
+#include "windows/driven_mouse.h"
 
 namespace vellumark::app {
 namespace {
@@ -40,6 +44,17 @@ void eachChild(HWND parent, Visit visit) {
 
 [[noreturn]] void refuse(const std::string& form, const ui::DialogStep& step, const std::string& why) {
   base::raise(base::errors::invalidCall, "dialog " + form + ", step \"" + step.text + "\": " + why);
+}
+
+/// A click at a place in pixels of 96 to the inch.
+void clickAt(HWND control, const ui::PictureClick& click) {
+  const HDC screen = GetDC(nullptr);
+  const double scale = GetDeviceCaps(screen, LOGPIXELSX) / 96.0;
+  ReleaseDC(nullptr, screen);
+  const LPARAM place = MAKELPARAM(std::lround(click.x * scale), std::lround(click.y * scale));
+  const UINT down = click.button == 1 ? WM_LBUTTONDOWN : click.button == 2 ? WM_RBUTTONDOWN : WM_MBUTTONDOWN;
+  SendMessageW(control, down, 0, place);
+  SendMessageW(control, down + 1, 0, place);  // and up
 }
 
 LONG buttonKind(HWND button) { return GetWindowLongW(button, GWL_STYLE) & BS_TYPEMASK; }
@@ -94,6 +109,14 @@ std::string DrivenMessageBox::defaultButton() const {
   return ui::plainCaption(windowText(GetDlgItem(window_, LOWORD(answer))));
 }
 
+std::vector<std::string> DrivenMessageBox::buttons() const {
+  std::vector<std::string> captions;
+  eachChild(window_, [&](HWND child) {
+    if (isButton(child)) captions.push_back(ui::plainCaption(windowText(child)));
+  });
+  return captions;
+}
+
 bool DrivenMessageBox::press(const std::string& caption) const {
   bool pressed = false;
   eachChild(window_, [&](HWND child) {
@@ -128,11 +151,63 @@ std::string DrivenForm::labels() const {
   return text;
 }
 
+HWND DrivenForm::keyboard() const {
+  const HWND focus = GetFocus();
+  return focus != nullptr && IsChild(window_, focus) ? focus : window_;
+}
+
+void DrivenForm::press(int key) const {
+  if (ui::keys::codeOf(static_cast<char32_t>(key)) == key) return type(static_cast<wchar_t>(key));
+  SendMessageW(keyboard(), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+}
+
+void DrivenForm::type(wchar_t unit) const {
+  if (const int key = ui::keys::codeOf(char32_t{unit})) {
+    SendMessageW(keyboard(), WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+  }
+  if (IsWindow(window_)) SendMessageW(keyboard(), WM_CHAR, unit, 1);
+}
+
+void DrivenForm::wait(int milliseconds) const {
+  const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(std::max(0, milliseconds));
+  for (ULONGLONG now = GetTickCount64(); now < end && IsWindow(window_); now = GetTickCount64()) {
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+    MSG message = {};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+  }
+}
+
+void DrivenForm::performOnForm(const ui::DialogStep& step) const {
+  if (step.act == "click") {
+    SendMessageW(window_, WM_LBUTTONDOWN, MK_LBUTTON, 0);
+  } else if (step.act == "close") {
+    SendMessageW(window_, WM_CLOSE, 0, 0);
+  } else if (step.act == "wait") {
+    wait(base::toInt32(step.value));
+  } else if (step.act == "type") {
+    for (const wchar_t unit : toWide(step.value)) type(unit);
+  } else if (const auto key = ui::keys::codeOf(step.value); key && step.act == "press") {
+    press(*key);
+  } else {
+    refuse(name_, step, "there is no such act or key");
+  }
+}
+
 void DrivenForm::perform(const ui::DialogStep& step) const {
+  if (!IsWindow(window_)) refuse(name_, step, "the dialog was closed before");
+  if (base::equalsIgnoreCase(step.control, "form")) return performOnForm(step);
   const HWND target = control(step.control);
+  if (const auto click = ui::screenClickOf(step); click && target == nullptr)
+    return clickScreen(*click, window_);
   if (target == nullptr) refuse(name_, step, "there is no such control");
   if (!IsWindowVisible(target) || !IsWindowEnabled(target))
     refuse(name_, step, "the control can't be used now");
+  if (const auto click = ui::pictureClickOf(step)) return clickAt(target, *click);
+  if (step.kind == ui::DialogStep::Kind::click && base::equalsIgnoreCase(windowClass(target), "Static"))
+    return clickAt(target, {1, 1, 1});
   SetFocus(target);
   // A field that was left may have refused, and kept the focus.
   const HWND focus = GetFocus();

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "ui/headless/script.h"
 #include "ui/message_box.h"
@@ -25,6 +26,8 @@ class DrivenMessageBox {
   ui::Icon icon() const;
   /// The caption of the button that Enter presses.
   std::string defaultButton() const;
+  /// The captions of all its buttons.
+  std::vector<std::string> buttons() const;
   /// Presses the button of that caption, in any case; false where there is none.
   bool press(const std::string& caption) const;
 
@@ -56,7 +59,14 @@ class DrivenForm {
 
  private:
   DrivenForm(HWND window, std::string name) : window_(window), name_(std::move(name)) {}
+  void performOnForm(const ui::DialogStep& step) const;
   void set(HWND control, const ui::DialogStep& step) const;
+  /// The window that has the keyboard.
+  HWND keyboard() const;
+  void press(int key) const;
+  void type(wchar_t unit) const;
+  /// Lets messages happen for that many milliseconds, or until the form closes.
+  void wait(int milliseconds) const;
 
   HWND window_;
   std::string name_;

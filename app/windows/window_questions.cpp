@@ -87,18 +87,43 @@ class WindowQuestions : public Questions {
     }
   }
 
+  /// Whether a dialog waits, behind a box or not.
+  static bool dialogIsOpen() {
+    bool open = false;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM found) -> BOOL {
+          const auto form = IsWindowVisible(window) ? DrivenForm::from(window) : std::nullopt;
+          if (form && form->isModal()) *reinterpret_cast<bool*>(found) = true;
+          return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&open));
+    return open;
+  }
+
+  static std::string unattendedAnswer(const DrivenMessageBox& box) {
+    const std::vector<std::string> buttons = box.buttons();
+    for (const std::string& caption : unattendedAnswers(box.text())) {
+      if (std::ranges::find(buttons, caption) != buttons.end()) return caption;
+    }
+    return box.defaultButton();
+  }
+
   void answer(const DrivenMessageBox& box) {
     ui::Shown shown;
     shown.kind = ui::Shown::Kind::messageBox;
     shown.icon = box.icon();
     shown.title = box.title();
     shown.text = box.text();
-    shown.answer = box.defaultButton();
-    if (armed_ && !answers_.empty()) {
+    const bool given = armed_ && !answers_.empty();
+    if (given) {
       shown.answer = answers_.front();
       answers_.pop_front();
+    } else {
+      shown.answer = unattendedAnswer(box);
     }
-    note(shown);
+    note(shown, "not answered",
+         {.inDialog = dialogIsOpen(), .unattended = !given && box.buttons().size() > 1});
     if (!box.press(shown.answer)) {
       noteUnanswered(
           base::Error(base::errors::invalidCall, "the message box has no button \"" + shown.answer + "\""));

@@ -12,6 +12,7 @@
 #include "core/failure.h"
 #include "core/globals.h"
 #include "core/registry.h"
+#include "core/slide_extracts.h"
 #include "library/configuration.h"
 #include "platform/ansi.h"
 #include "platform/instance_mutex.h"
@@ -19,7 +20,9 @@
 #include "platform/random.h"
 #include "services/icons.h"
 #include "services/languages.h"
+#include "services/splash.h"
 #include "services/survey.h"
+#include "tools/mouse_hook.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::addin {
@@ -69,6 +72,7 @@ void Connect::start(const host::Application& application, const host::COMAddIn& 
   g.agenda = agenda_.get();
 
   g.screenSaverOff = base::toBool(core::getRegistry("screenSaverOff", "", "0"));
+  services::showSplash();
   services::initializeLanguages();
   if (core::isHostVersion(host::toolbarHosts)) {
     toolbarControls_->CreateControls();
@@ -121,21 +125,13 @@ void Connect::release() {
   agenda_.reset();
   g.tools = nullptr;
   tools_.reset();
+  tools::mouseHook::remove();  // where the dialog that set it is still open
+  services::unloadSplash();
   services::unloadIcons();
 }
 
-/// Deletes the temporary presentations that e-mailing left behind, because a mail program might still have
-/// been reading them. A file that can't be deleted ends the loop and leaves the whole list to the next time.
 void Connect::killSlideExtracts() {
-  trap("Connect, killSlideExtracts", [] {
-    std::string extracts = core::getRegistry("slideExtracts", "", "");
-    if (extracts.empty()) return;
-    extracts.pop_back();  // each name is followed by a ";"
-    for (const std::string& file : base::split(extracts, ';')) {
-      if (platform::fileExists(file)) platform::deleteFile(file);
-    }
-    core::setRegistry("slideExtracts", "", "");
-  });
+  trap("Connect, killSlideExtracts", [] { core::deleteSlideExtracts(); });
 }
 
 void Connect::IDTExtensibility2_OnAddInsUpdate(std::span<const host::Value>) {

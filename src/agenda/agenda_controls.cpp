@@ -91,7 +91,7 @@ void AgendaWizard::cbShowTimeSlots_Click() {
 // A value that is refused keeps the focus; what the spinner holds is saved all the same.
 void AgendaWizard::tbDuration_Validate(bool& cancel) {
   trap("AgendaWizard, tbDuration_Validate", [&] {
-    if (!base::isNumeric(tbDuration.text())) {
+    if (!base::isTypedNumber(tbDuration.text())) {
       refuse("Please enter a numeric value.", cancel);
     } else if (const double minutes = base::toDouble(tbDuration.text());
                minutes < 0 || minutes > minutesOfDay) {
@@ -116,9 +116,15 @@ void AgendaWizard::tbStart_Validate(bool& cancel) {
   });
 }
 
+/// A spinner that the user works gives its field the focus. One that the program fills leaves it where it is:
+/// the field that lost it again would be saved.
+void AgendaWizard::takeFocus(ui::TextBox& field) {
+  if (!fillingControls && field.enabled() && visible()) focus(field);
+}
+
 void AgendaWizard::udDuration_Change() {
   trap("AgendaWizard, udDuration_Change", [&] {
-    if (tbDuration.enabled() && visible()) focus(tbDuration);
+    takeFocus(tbDuration);
     tbDuration.text(std::to_string(-udDuration.value()));
     itemChanged();
   });
@@ -126,7 +132,7 @@ void AgendaWizard::udDuration_Change() {
 
 void AgendaWizard::udStart_Change() {
   trap("AgendaWizard, udStart_Change", [&] {
-    if (tbStart.enabled() && visible()) focus(tbStart);
+    takeFocus(tbStart);
     tbStart.text(timeText(base::toInt16(static_cast<double>(-udStart.value()))));
     if (!tvItems.root().children.empty()) xml2treeview(false, "");
     optionChanged();

@@ -1,7 +1,5 @@
 #include "agenda/agenda_document.h"
 
-#include <sstream>
-
 #include "base/conversions.h"
 #include "base/error.h"
 #include "core/xml.h"
@@ -60,11 +58,7 @@ const pugi::xml_document& AgendaDocument::loaded() const {
   return document_;
 }
 
-std::string AgendaDocument::text() const {
-  std::ostringstream text;
-  loaded().save(text, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
-  return text.str();
-}
+std::string AgendaDocument::text() const { return core::xmlText(loaded()); }
 
 pugi::xml_node AgendaDocument::agenda() const {
   return required(core::selectSingleNode(loaded(), agendaPath).node());

@@ -147,6 +147,7 @@ class AgendaWizard : public ui::Form, public AgendaMetrics {
   void cbShowTimeSlots_Click();
   void tbDuration_Validate(bool& cancel);
   void tbStart_Validate(bool& cancel);
+  void takeFocus(ui::TextBox& field);
   void udDuration_Change();
   void udStart_Change();
   /// Save the item or the options, unless the program fills the controls.

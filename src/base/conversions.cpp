@@ -391,6 +391,22 @@ bool isNumeric(std::string_view text) {
   }
 }
 
+bool isTypedNumber(std::string_view text) {
+  const char thousands = decimalSeparator() == ',' ? '.' : ',';
+  const auto digitsFrom = [&](std::size_t at) {
+    std::size_t end = at;
+    while (end < text.size() && isDigit(text[end])) ++end;
+    return end - at;
+  };
+  const std::size_t first = text.find(thousands);
+  for (std::size_t at = first; at != text.npos; at = text.find(thousands, at + 1)) {
+    if (digitsFrom(at + 1) != 3) return false;
+  }
+  constexpr std::size_t mostInFront = 3;
+  const bool grouped = first == text.npos || digitsFrom(text.find_first_of("0123456789")) <= mostInFront;
+  return grouped && isNumeric(text);
+}
+
 char decimalSeparator() {
   static const char separator = localeSeparator();
   return fixedSeparator().value_or(separator);

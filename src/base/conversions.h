@@ -63,6 +63,10 @@ std::string formatFixed(double value, int decimals);
 /// Whether toDouble() would succeed (an empty text is no number).
 bool isNumeric(std::string_view text);
 
+/// Whether a text is a number that nobody can have meant otherwise: toDouble() passes over separators of
+/// thousands wherever they stand, and reads "1,5" as 15; here they stand before groups of three digits only.
+bool isTypedNumber(std::string_view text);
+
 /// Whether a text is a date or time: "2026-01-31", "31.01.2026", "1/31/2026", "9:30", "09:30:15", "9:30 PM",
 /// or a date followed by a time. The day must exist. Day and month change places where only that makes a
 /// date, and a year of two digits lies between 1930 and 2029.

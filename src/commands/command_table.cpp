@@ -7,6 +7,7 @@
 #include "core/message.h"
 #include "library/my_elements.h"
 #include "services/settings.h"
+#include "services/splash.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::commands {
@@ -46,7 +47,7 @@ constexpr Command routine(std::int16_t id, const char* name, const char* label, 
 }
 
 constexpr Command table[] = {
-    split(1002, 1010, "about", "Info", nullptr, always, always),
+    {1002, 1010, "about", "Info", nullptr, always, always, false, services::about},
     row(1005, "startUpdate", "Check for updates", nullptr, always),
     row(1006, "homepage", "Vellumark web site", nullptr, always),
     row(1007, "feedback", "Send feedback", nullptr, always),

@@ -26,20 +26,15 @@ void runUndoFix() {
   resumeNext([&] { presentation.Close(); });
 }
 
+// Beside the commands count the gallery of one's own elements and those of the Slide Wizard, and whatever
+// else stands among the tools.
 const char* counterOf(std::int16_t number) {
-  switch (number) {
-    case 1018:
-    case 1020:
-    case 1021:
-      return counters::agendaWizard;
-    case 1027:
-    case 1028:
-    case 1029:
-      return counters::myElements;
-    default:
-      if (number > 2000) return counters::slideWizard;
-      return number >= 1031 ? counters::trimlineTools : nullptr;
-  }
+  constexpr std::int16_t myElementsGallery = 1027, firstTool = 1031, lastTool = 2000;
+  const Command* command = findCommand(number);
+  if (command && command->counter) return command->counter;
+  if (number == myElementsGallery) return counters::myElements;
+  if (number > lastTool) return counters::slideWizard;
+  return number >= firstTool ? counters::trimlineTools : nullptr;
 }
 
 const char* counterOf(std::string_view parameter) {
@@ -48,9 +43,10 @@ const char* counterOf(std::string_view parameter) {
   return counters::trimlineTools;
 }
 
+// A store that takes nothing keeps nobody from working.
 void count(const char* counter) {
   const std::int32_t value = base::toInt32(core::getRegistry(counter, "", "0"));
-  core::setRegistry(counter, std::to_string(base::add32(value, 1)), "");
+  core::tryRegistry(counter, std::to_string(base::add32(value, 1)), "");
 }
 
 }  // namespace vellumark::commands

@@ -113,7 +113,7 @@ void slideWizard_onAction(const host::IRibbonControl& control, const std::string
   const std::string path =
       core::ribbonTemplatePath(globals().currentStyle, core::attributeText(item, "file"));
   if (!platform::fileExists(path)) {
-    core::message("The template file '" + path +
+    core::message("The template file '" + platform::toSystem(path) +
                       "' could not be found.\r\nPlease check your installation and contact us at " +
                       std::string(core::supportEmail) + " if the problem persists.",
                   ui::Icon::critical);

@@ -1,17 +1,13 @@
 #include "commands/ppt_controls.h"
 
-#include <algorithm>
-
 #include "base/conversions.h"
 #include "base/text.h"
 #include "commands/command_table.h"
 #include "commands/dispatch.h"
-#include "core/config.h"
 #include "core/failure.h"
 #include "core/helpers.h"
 #include "core/registry.h"
 #include "library/configuration.h"
-#include "services/languages.h"
 
 namespace vellumark::commands {
 namespace {
@@ -19,11 +15,19 @@ namespace {
 using core::resumeNext;
 using core::trap;
 
-constexpr const char* toolsTag = "zorp_TrimlineTools";
-constexpr const char* slideWizardBar = "Vellumark for presentations - Slide Wizard";
 constexpr int dockedAtTop = 1, floating = 4;
 constexpr int floatingHeight = 52;  // pixels
 constexpr int tickFace = 990, noFace = 1;
+
+/// Controls of the host's own.
+constexpr int shortcuts[] = {1402, 164, 165,  166,  167,  170,  171,  196,  197, 199,
+                             198,  206, 1042, 1043, 2061, 2062, 2063, 2710, 58,  57};
+
+/// Where a bar floats that was never moved, in pixels.
+const char* defaultTop(const std::string& bar) {
+  if (bar == slideWizardBar) return "260";
+  return bar == shortcutsBar ? "320" : "200";
+}
 
 }  // namespace
 
@@ -35,25 +39,35 @@ void pptControls::CreateControls() {
   trap("pptControls, CreateControls", [&] {
     shownHelpIds_ = base::split(core::getRegistry("tlnControls", "", ""), ';');
     if (!findBar(toolsBar::name)) createToolsBar();
-    generateMenuFromXML();
+    if (!findBar(slideWizardBar)) {
+      createSlideWizardBar();
+    } else {
+      library::loadConfiguration(library::Surface::toolbars);
+    }
+    if (!findBar(shortcutsBar)) createShortcutsBar();
   });
 }
 
 void pptControls::createToolsBar() {
   const host::CommandBar bar = createCmdBar(toolsBar::name);
-  const toolsBar::Entry& logo = toolsBar::logo;
-  addButton(bar.Controls(),
-            {logo.parameter, std::string(core::productTitle), logo.icon, true, logo.beginGroup, logo.helpId});
-  for (const toolsBar::Entry& entry : toolsBar::alignEntries()) addEntry(bar, entry);
+  addLogoButton(bar);
+  for (const toolsBar::Entry& entry : toolsBar::alignEntries()) addEntry(bar, Button::of(entry));
   AddStandardItemToToolbar(bar, toolsBar::distributeHorizontally, true);
   AddStandardItemToToolbar(bar, toolsBar::distributeVertically, false);
-  for (const toolsBar::Entry& entry : toolsBar::barEntries()) addEntry(bar, entry);
-  addLanguageButtons(bar);
-  const host::CommandBarPopup tools = addPopup(bar, toolsBar::toolsPopup);
-  for (const toolsBar::Entry& entry : toolsBar::toolsEntries()) addPopupEntry(tools, entry);
-  const host::CommandBarPopup help = addPopup(bar, toolsBar::helpPopup);
-  for (const toolsBar::Entry& entry : toolsBar::helpEntries()) addPopupEntry(help, entry);
+  for (const toolsBar::Entry& entry : toolsBar::barEntries()) addEntry(bar, Button::of(entry));
+  addLanguageButtons();
+  const host::CommandBarPopup tools = addPopup(bar, {toolsBar::toolsPopup});
+  for (const toolsBar::Entry& entry : toolsBar::toolsEntries()) addPopupEntry(tools, Button::of(entry));
+  const host::CommandBarPopup help = addPopup(bar, {toolsBar::helpPopup});
+  for (const toolsBar::Entry& entry : toolsBar::helpEntries()) addPopupEntry(help, Button::of(entry));
   getCmdBarPosition(toolsBar::name);
+}
+
+void pptControls::createShortcutsBar() {
+  const host::CommandBar bar = createCmdBar(shortcutsBar);
+  addLogoButton(bar);
+  for (const int id : shortcuts) AddStandardItemToToolbar(bar, id, false);
+  getCmdBarPosition(shortcutsBar);
 }
 
 void pptControls::DeleteControls() {
@@ -64,10 +78,6 @@ void pptControls::DeleteControls() {
       bars_.pop_back();
     }
   });
-}
-
-void pptControls::generateMenuFromXML() {
-  trap("pptControls, generateMenuFromXML", [&] { library::loadConfiguration(library::Surface::toolbars); });
 }
 
 /// A missing bar is an ordinary answer.
@@ -83,37 +93,6 @@ host::CommandBar pptControls::createCmdBar(const std::string& name) {
     if (!bar) bar = application_.CommandBars().Add(name, dockedAtTop, true);
     bars_.push_back(bar);
     return bar;
-  });
-}
-
-host::CommandBarComboBox pptControls::styleBox() const {
-  const host::CommandBar bar = findBar(slideWizardBar);
-  if (!bar) return {};
-  const host::CommandBarControls controls = bar.Controls();
-  const int count = controls.Count();
-  for (int i = 1; i <= count; ++i) {
-    if (const auto control = controls.Item(i); control.Type() == host::msoControlDropdown) return control;
-  }
-  return {};
-}
-
-// The first item stands for no style, the second is the first real one.
-void pptControls::setStyle(const std::string& name) {
-  trap("pptControls, setStyle", [&] {
-    const host::CommandBarComboBox box = styleBox();
-    if (!box) return;
-    constexpr int firstStyle = 2;
-    const int count = box.ListCount();
-    int chosen = firstStyle;
-    for (int i = firstStyle; i <= count && !name.empty(); ++i) {
-      if (box.List(i) == name) chosen = i;
-    }
-    if (count == 1) {
-      box.ListIndex(1);
-      return;
-    }
-    box.ListIndex(chosen);
-    core::globals().currentStyle = box.Text();
   });
 }
 
@@ -138,81 +117,10 @@ void pptControls::getCmdBarPosition(const std::string& name) {
     };
     bar.Position(number("position", "4"));
     bar.RowIndex(number("row", "1"));
-    bar.Top(number("top", "200"));
+    bar.Top(number("top", defaultTop(name)));
     bar.Left(number("left", "200"));
     bar.Visible(base::toBool(core::getRegistry("visible", name, "-1")));
     if (bar.Position() == floating) bar.Height(floatingHeight);
-  });
-}
-
-void pptControls::addButton(const host::CommandBarControls& controls, const Button& entry) {
-  trap("pptControls, addButton", [&] {
-    const host::CommandBarButton button = controls.Add(host::msoControlButton);
-    if (entry.customIcon) {
-      resumeNext([&] { button.Style(0); });
-      resumeNext([&] { button.DescriptionText(std::to_string(entry.icon)); });
-    } else {
-      button.FaceId(entry.icon);
-    }
-    button.Tag(toolsTag);
-    button.Caption(entry.caption);
-    button.TooltipText(entry.caption);
-    button.BeginGroup(entry.beginGroup);
-    button.Parameter(entry.parameter);
-    if (entry.helpId > 0) button.HelpContextId(entry.helpId);
-    clicks_.push_back(
-        host::subscribe(button.object(), [this](host::Member event, std::span<host::Value> arguments) {
-          if (event != host::member::Click || arguments.size() < 2) return;
-          bool cancelDefault = arguments[1].toBool();
-          tlnButton_Click(host::CommandBarButton(arguments[0].toObject()), cancelDefault);
-          arguments[1] = cancelDefault;
-        }));
-    if (!shownHelpIds_.empty()) {
-      button.Visible(std::ranges::find(shownHelpIds_, std::to_string(entry.helpId)) != shownHelpIds_.end());
-    }
-  });
-}
-
-void pptControls::addEntry(const host::CommandBar& bar, const toolsBar::Entry& entry) {
-  trap("pptControls, addEntry", [&] {
-    addButton(bar.Controls(), {entry.parameter, entry.caption(), entry.icon,
-                               entry.icon > 0 && !entry.hostFace, entry.beginGroup, entry.helpId});
-  });
-}
-
-void pptControls::addPopupEntry(const host::CommandBarPopup& popup, const toolsBar::Entry& entry) {
-  trap("pptControls, addPopupEntry", [&] {
-    addButton(popup.Controls(), {entry.parameter, entry.caption(), entry.icon,
-                                 entry.icon > 0 && !entry.hostFace, entry.beginGroup, entry.helpId});
-  });
-}
-
-host::CommandBarPopup pptControls::addPopup(const host::CommandBar& bar, const std::string& caption) {
-  return trap("pptControls, addPopup", [&] {
-    const host::CommandBarPopup popup = bar.Controls().Add(host::msoControlPopup);
-    popup.Caption(caption);
-    popup.TooltipText(caption);
-    popup.BeginGroup(true);
-    return popup;
-  });
-}
-
-void pptControls::AddStandardItemToToolbar(const host::CommandBar& bar, int id, bool beginGroup) {
-  trap("pptControls, AddStandardItemToToolbar",
-       [&] { bar.Controls().Add(host::msoControlButton, id).BeginGroup(beginGroup); });
-}
-
-void pptControls::addLanguageButtons(const host::CommandBar& bar) {
-  trap("pptControls, addLanguageButtons", [&] {
-    bool beginGroup = true;
-    for (const std::int32_t id : core::globals().languageShortcuts) {
-      if (id <= 0) continue;
-      const std::string& name = services::languageList().Item("ID" + std::to_string(id)).Name();
-      addButton(bar.Controls(), {.parameter = "setLanguage " + std::to_string(id),
-                                 .caption = name + " spell checking for selected slides or shapes",
-                                 .beginGroup = beginGroup});
-      beginGroup = false;
-    }
   });
 }
 
@@ -230,7 +138,7 @@ void pptControls::enableControls() {
       const int count = controls.Count();
       for (int i = 1; i <= count; ++i) {
         const host::CommandBarControl control = controls.Item(i);
-        if (control.Tag() == toolsTag) control.Enabled(true);
+        if (control.Tag() == toolsBar::tag) control.Enabled(true);
       }
     };
     const host::CommandBarControls controls = application_.CommandBars().Item(toolsBar::name).Controls();

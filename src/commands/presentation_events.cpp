@@ -3,6 +3,7 @@
 #include "agenda/agenda_commands.h"
 #include "agenda/agenda_ties.h"
 #include "commands/ppt_events.h"
+#include "commands/save_questions.h"
 #include "core/failure.h"
 #include "core/helpers.h"
 #include "core/message.h"
@@ -67,10 +68,10 @@ void dropLostAgenda(const host::Presentation& presentation, int agendaSlides) {
 bool wantsHiddenShapesSaved(std::string slides) {
   if (slides.empty()) return true;
   slides.resize(slides.size() - 2);
-  return isYes(
-      "There are hidden shapes on slides " + slides +
-      ".\r\nPlease ensure the hidden shapes do not contain any confidential information before "
-      "sharing the presentation.\r\nWould you like to save the presentation with hidden shapes now?");
+  return isYes("There are hidden shapes on slides " + slides +
+               ".\r\nPlease ensure the hidden shapes do not contain any confidential information before "
+               "sharing the presentation.\r\n" +
+               hiddenShapesQuestion);
 }
 
 void rememberStyle(const host::Presentation& presentation) {
@@ -110,10 +111,7 @@ void pptEvents::warnOfTemporaryFolder(const host::Presentation& presentation) co
       name == lastSavedName_) {
     return;
   }
-  core::message(
-      "Caution! This presentation is being saved in a temporary folder.\r\nData in this folder may be "
-      "deleted or overwritten inadvertently.",
-      ui::Icon::exclamation);
+  core::message(temporaryFolderWarning, ui::Icon::exclamation);
 }
 
 void pptEvents::pptApp_PresentationBeforeSave(const host::Presentation& presentation, bool& cancel) {

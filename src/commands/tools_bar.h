@@ -9,6 +9,7 @@
 namespace vellumark::commands::toolsBar {
 
 inline constexpr const char* name = core::toolsBarName;
+inline constexpr const char* tag = "zorp_TrimlineTools";  ///< on its entries
 inline constexpr const char* toolsPopup = "Tools";
 inline constexpr const char* helpPopup = "Help";
 

@@ -56,6 +56,10 @@ class ToolbarControls {
   virtual void DeleteControls() = 0;
   /// Shows a style in the style box; an unknown or empty name shows the first one.
   virtual void setStyle(const std::string& name) = 0;
+  /// Makes the popup of the user's own elements anew.
+  virtual void generateMyElementsMenu() = 0;
+  /// Enables every tool entry, whatever is selected.
+  virtual void enableControls() = 0;
 };
 
 /// The Agenda Wizard as the commands reach it.

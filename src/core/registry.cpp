@@ -116,6 +116,10 @@ void setRegistry(const std::string& valueName, const std::string& value, const s
   base::trap("Globals, setRegistry", [&] { registryFor(valueName, subkey).Value(value); });
 }
 
+bool tryRegistry(const std::string& valueName, const std::string& value, const std::string& subkey) {
+  return base::resumeNext([&] { registryFor(valueName, subkey).Value(value); });
+}
+
 Bytes getRegistryBytes(const std::string& valueName, const std::string& subkey, const Bytes& defaultValue) {
   return base::trap("Globals, getRegistryBytes", [&] {
     const Variant value = registryFor(valueName, subkey).Value();

@@ -13,6 +13,8 @@ std::string getRegistry(const std::string& valueName, const std::string& subkey,
                         const std::string& defaultValue);
 /// Writes a string value (note the order of the arguments); creates the key where it is missing.
 void setRegistry(const std::string& valueName, const std::string& value, const std::string& subkey);
+/// The same for what nobody misses where it isn't written: false then, and no failure.
+bool tryRegistry(const std::string& valueName, const std::string& value, const std::string& subkey);
 /// The same for byte arrays.
 std::vector<std::uint8_t> getRegistryBytes(const std::string& valueName, const std::string& subkey,
                                            const std::vector<std::uint8_t>& defaultValue);

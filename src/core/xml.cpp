@@ -5,6 +5,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "base/xml_storable.h"
 #include "platform/ansi.h"
 #include "platform/paths.h"
 
@@ -69,10 +70,15 @@ bool parseXml(pugi::xml_document& document, const std::string& text) {
   return false;
 }
 
-void saveXml(const pugi::xml_document& document, const std::string& path) {
+std::string xmlText(const pugi::xml_document& document) {
+  base::makeXmlStorable(document.document_element());
   std::ostringstream text;
   document.save(text, "", pugi::format_raw | pugi::format_no_declaration, pugi::encoding_utf8);
-  platform::writeFile(path, text.str());
+  return text.str();
+}
+
+void saveXml(const pugi::xml_document& document, const std::string& path) {
+  platform::writeFile(path, xmlText(document));
 }
 
 pugi::xpath_node_set selectNodes(const pugi::xml_node& context, const std::string& expression) {

@@ -13,6 +13,9 @@ namespace vellumark::core {
 bool loadXml(pugi::xml_document& document, const std::string& path);
 /// The same from a text in memory, which is UTF-8 whatever its declaration says.
 bool parseXml(pugi::xml_document& document, const std::string& text);
+/// The text of a document in one line, without an XML declaration and without characters that no file can
+/// hold.
+std::string xmlText(const pugi::xml_document& document);
 /// Saves a document in one line of UTF-8, without an XML declaration. The file is at any moment the whole old
 /// or the whole new one; 75 where it can't be written.
 void saveXml(const pugi::xml_document& document, const std::string& path);

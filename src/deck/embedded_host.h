@@ -10,6 +10,9 @@
 
 namespace vellumark::deck {
 
+/// What a save says that an event handler cancelled, under the number of unspecific failures.
+inline constexpr const char* saveCancelled = "Presentation.Save: Failed. An event handler cancelled it.";
+
 /// One running host. Programs open decks and speak to it through its application object, as they would to
 /// PowerPoint; what a user does with the mouse (selecting, changing the view) has functions here.
 class EmbeddedHost {

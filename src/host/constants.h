@@ -92,6 +92,7 @@ enum PpPlaceholderType : std::int32_t { ppPlaceholderTitle = 1, ppPlaceholderBod
 enum MsoTextOrientation : std::int32_t { msoTextOrientationHorizontal = 1 };
 enum MsoFileDialogType : std::int32_t { msoFileDialogOpen = 1, msoFileDialogSaveAs = 2 };
 enum PpSaveAsFileType : std::int32_t { ppSaveAsDefault = 11 };
+enum PpColorSchemeIndex : std::int32_t { ppBackground = 1, ppAccent3 = 8 };
 enum MsoAnimType : std::int32_t { msoAnimTypeMotion = 1 };
 enum MsoAnimEffect : std::int32_t { msoAnimEffectPathRight = 120 };
 enum MsoAnimTriggerType : std::int32_t { msoAnimTriggerOnPageClick = 1 };

@@ -45,6 +45,10 @@ ObjectRef loadPictureFromFile(const std::string& path) {
   return std::make_shared<Picture>(number(widthAt), number(heightAt));
 }
 
+MaskedPicture loadMaskedPicture(const std::string& path) {
+  return {loadPictureFromFile(path), loadPictureFromFile(path)};
+}
+
 ObjectRef pictureOf(const ui::Canvas& canvas) {
   return std::make_shared<Picture>(canvas.width(), canvas.height());
 }

@@ -26,10 +26,25 @@ class ShapeSheet : public Handle {
   host::Shapes Shapes() const { return get<host::Shapes>(member::Shapes); }
 };
 
+/// One colour of a scheme.
+class RGBColor : public Handle {
+ public:
+  using Handle::Handle;
+  int RGB() const { return get<int>(member::RGB); }  ///< red in the low byte
+};
+
+/// The eight colours that a slide is drawn with.
+class ColorScheme : public Handle {
+ public:
+  using Handle::Handle;
+  RGBColor Colors(PpColorSchemeIndex place) const { return call<RGBColor>(member::Colors, place); }
+};
+
 class Slide : public Handle {
  public:
   using Handle::Handle;
   host::Background Background() const { return get<host::Background>(member::Background); }
+  host::ColorScheme ColorScheme() const { return get<host::ColorScheme>(member::ColorScheme); }
   /// Made where the slide has none yet.
   ShapeSheet NotesPage() const { return get<ShapeSheet>(member::NotesPage); }
   host::TimeLine TimeLine() const { return get<host::TimeLine>(member::TimeLine); }
@@ -52,7 +67,8 @@ class SlideRange : public Handle {
   using Handle::Handle;
   int Count() const { return get<int>(member::Count); }
   Slide Item(int index) const { return get<Slide>(member::Item, index); }
-  host::Shapes Shapes() const { return get<host::Shapes>(member::Shapes); }    ///< of a range of one slide
+  host::Shapes Shapes() const { return get<host::Shapes>(member::Shapes); }  ///< of a range of one slide
+  host::ColorScheme ColorScheme() const { return get<host::ColorScheme>(member::ColorScheme); }
   ShapeSheet NotesPage() const { return get<ShapeSheet>(member::NotesPage); }  ///< of a range of one slide
   void Copy() const { call(member::Copy); }
   int SlideID() const { return get<int>(member::SlideID); }
@@ -104,13 +120,14 @@ class PageSetup : public Handle {
   float SlideHeight() const { return get<float>(member::SlideHeight); }  ///< points
 };
 
-/// The colours that the user mixed, last one first.
+/// The colours that the user mixed, the oldest first, eight at most. Adding one that is there changes
+/// nothing; a ninth one drops the oldest.
 class ExtraColors : public Handle {
  public:
   using Handle::Handle;
   int Count() const { return get<int>(member::Count); }
   int Item(int index) const { return get<int>(member::Item, index); }
-  void Add(int rgb) const { call(member::Add, rgb); }
+  void Add(int rgb) const { call(member::Add, rgb); }  ///< red in the low byte
   void Clear() const { call(member::Clear); }
 };
 

@@ -23,9 +23,9 @@ const std::string lineBreak = "\r\n";
 void tellMenuFailure(Surface surface, const std::string& path) {
   const std::string subject =
       surface == Surface::ribbon ? "The Slide Wizard configuration file " : "The menu configuration file ";
-  core::message(
-      subject + lineBreak + lineBreak + path + lineBreak + lineBreak + " could not be found or is corrupted.",
-      ui::Icon::critical);
+  core::message(subject + lineBreak + lineBreak + platform::toSystem(path) + lineBreak + lineBreak +
+                    " could not be found or is corrupted.",
+                ui::Icon::critical);
 }
 
 /// Calls `step` with each line of a text, whose lines end in CR, LF or both.
@@ -81,7 +81,7 @@ void loadMenu(Surface surface) {
 void loadCopyrightNotices() {
   const std::string path = globals().configFolder + "copyright.txt";
   if (!platform::fileExists(path)) return;
-  forEachLine(platform::fromAnsi(platform::readFile(path)), [](std::string_view line) {
+  forEachLine(platform::fromAnsiOrUtf8(platform::readFile(path)), [](std::string_view line) {
     const std::string notice = base::trim(line);
     if (!notice.empty() && line.front() != '#') globals().copyrightNotices.push_back(notice);
   });
@@ -94,8 +94,7 @@ void loadMyElements() {
                   ui::Icon::information);
     return;
   }
-  globals().myElementsDoc = std::make_unique<pugi::xml_document>();
-  if (!core::loadXml(*globals().myElementsDoc, path)) {
+  if (!loadIndex()) {
     core::message("The 'My Elements' database is corrupted." + lineBreak + "Please contact us at " +
                       std::string(core::supportEmail) + ".",
                   ui::Icon::critical);

@@ -8,6 +8,7 @@
 #include "library/hidden_presentation.h"
 #include "library/my_elements_add.h"
 #include "library/my_elements_index.h"
+#include "library/my_elements_lock.h"
 #include "library/my_elements_manager.h"
 #include "platform/paths.h"
 
@@ -68,6 +69,8 @@ void addSelection(host::Presentation& store) {
         ui::Icon::information);
     return;
   }
+  const MyElementsLock lock;
+  if (!lock.held()) return;
   if (!platform::fileExists(indexFile())) createXML();
   selection.Copy();
   openStore(store);
@@ -112,6 +115,8 @@ void addMyElements() {
 
 void manageMyElements() {
   trap("SlideWizard, manageMyElements", [] {
+    const MyElementsLock lock;
+    if (!lock.held()) return;
     if (!platform::fileExists(indexFile())) createXML();
     myElementsManager().showModal();
   });
@@ -123,7 +128,8 @@ std::string getMyElementsFile() {
 }
 
 void refreshMyElementsMenu() {
-  if (!core::isHostVersion(host::toolbarHosts)) globals().ribbonUI.InvalidateControl(elementsMenu);
+  if (!core::isHostVersion(host::toolbarHosts)) return globals().ribbonUI.InvalidateControl(elementsMenu);
+  if (globals().toolbarControls) globals().toolbarControls->generateMyElementsMenu();
 }
 
 }  // namespace vellumark::library

@@ -20,7 +20,7 @@ void manageMyElements();
 /// ones as "myelements.pptx" as soon as that is there.
 std::string getMyElementsFile();
 
-/// Has the host ask for the menu of elements anew.
+/// Brings the menu of elements up to date: toolbars have it made anew, a ribbon asks for it again.
 void refreshMyElementsMenu();
 
 }  // namespace vellumark::library

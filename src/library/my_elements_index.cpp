@@ -4,6 +4,7 @@
 #include "core/config.h"
 #include "core/globals.h"
 #include "core/xml.h"
+#include "platform/file_state.h"
 
 namespace vellumark::library {
 namespace {
@@ -13,6 +14,12 @@ using core::globals;
 const pugi::xml_document& document() {
   if (!globals().myElementsDoc) base::raise(base::errors::objectNotSet);
   return *globals().myElementsDoc;
+}
+
+/// Of the index file when it was read or written last.
+std::optional<platform::FileState>& knownState() {
+  static std::optional<platform::FileState> state;
+  return state;
 }
 
 std::string named(const std::string& query, const std::string& name) {
@@ -48,7 +55,21 @@ void newIndex() {
   addGroup("Miscellaneous");
 }
 
-void saveIndex() { core::saveXml(document(), indexFile()); }
+bool loadIndex() {
+  knownState() = platform::fileState(indexFile());
+  globals().myElementsDoc = std::make_unique<pugi::xml_document>();
+  return core::loadXml(*globals().myElementsDoc, indexFile());
+}
+
+void takeOverIndex() {
+  const auto state = platform::fileState(indexFile());
+  if (state && state != knownState()) loadIndex();
+}
+
+void saveIndex() {
+  core::saveXml(document(), indexFile());
+  knownState() = platform::fileState(indexFile());
+}
 
 pugi::xpath_node_set groups() { return core::selectNodes(document(), "/Vellumark/group"); }
 

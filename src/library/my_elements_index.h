@@ -13,6 +13,10 @@ namespace vellumark::library {
 
 /// The file of the index.
 std::string indexFile();
+/// Loads myElementsDoc. False, and the document is empty, where the file is none.
+bool loadIndex();
+/// Loads it again where another program wrote the file since.
+void takeOverIndex();
 /// Makes myElementsDoc anew, with one group.
 void newIndex();
 void saveIndex();

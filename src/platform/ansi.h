@@ -14,4 +14,8 @@ std::string toAnsi(std::string_view text);
 /// control characters of the same number, in both directions.
 std::string fromAnsi(std::string_view bytes);
 
+/// Bytes of a text file whose encoding nobody tells: UTF-8, with or without its mark, where they are that,
+/// otherwise bytes of the code page.
+std::string fromAnsiOrUtf8(std::string_view bytes);
+
 }  // namespace vellumark::platform

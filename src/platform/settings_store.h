@@ -40,4 +40,7 @@ std::optional<Setting> readSetting(const std::string& key, const std::string& na
 /// Writes a value over the old one and makes the key where it is missing. Raises 75 where that fails.
 void writeSetting(const std::string& key, const std::string& name, const Setting& setting);
 
+/// Where the store lies. Whoever reads a value to write it back locks this path meanwhile.
+std::string settingsFolder();
+
 }  // namespace vellumark::platform

@@ -8,15 +8,16 @@ namespace vellumark::platform {
 
 void writeFile(const std::string& path, const std::string& bytes) {
   const std::string target = toSystem(path);
-  AtomicFile file(target);
-  std::ofstream out(pathOf(file.temporaryPath()), std::ios::binary);
-  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  out.close();
-  if (!out) {
-    base::raise(base::errors::fileAccess,
-                base::standardDescription(base::errors::fileAccess) + ": " + target + " can't be written");
+  try {
+    AtomicFile file(target);
+    std::ofstream out(pathOf(file.temporaryPath()), std::ios::binary);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.close();
+    if (!out) base::raise(base::errors::fileAccess, "can't be written: the disk takes no more");
+    file.commit();
+  } catch (const base::Error& error) {
+    base::raise(error.number(), target + ": " + error.description());
   }
-  file.commit();
 }
 
 void copyFile(const std::string& from, const std::string& to) { writeFile(to, readFile(from)); }

@@ -4,8 +4,10 @@
 #include <iterator>
 #include <memory>
 
+#include "core/failure.h"
 #include "core/globals.h"
-#include "ui/toolkit.h"
+#include "platform/keyboard.h"
+#include "platform/paths.h"
 
 namespace vellumark::services {
 namespace {
@@ -30,6 +32,8 @@ Icons::Icons() : Form("Icons", "") {
     languagePictures[i].foreColor(ui::rgb(255, 255, 255));
   }
   screensaverTimer.onTimer = [this] { screensaverTimer_Timer(); };
+  HelpTimer.onTimer = [this] { HelpTimer_Timer(); };
+  HelpTimer.enabled(true);
 }
 
 std::string Icons::toolbarPictureFile(int index) {
@@ -38,8 +42,36 @@ std::string Icons::toolbarPictureFile(int index) {
   return number == 0 ? std::string() : core::globals().uiFolder + "zp_" + std::to_string(number) + "_16.png";
 }
 
+host::MaskedPicture Icons::toolbarPicture(int index) {
+  const std::string file = toolbarPictureFile(index);
+  return file.empty() ? host::MaskedPicture{} : host::loadMaskedPicture(platform::toSystem(file));
+}
+
+// One of the two keys released is not enough to leave help mode.
+void Icons::HelpTimer_Timer() {
+  core::trap("Icons, HelpTimer_Timer", [&] {
+    constexpr int watching = 1;  // milliseconds
+    if (HelpTimer.interval() != watching) {
+      if (core::isHostVersion(host::ribbonHosts)) {
+        HelpTimer.enabled(false);
+        return;
+      }
+      HelpTimer.interval(watching);
+    }
+    core::Globals& globals = core::globals();
+    const bool control = platform::isKeyDown(platform::Key::control);
+    const bool shift = platform::isKeyDown(platform::Key::shift);
+    if (control && shift && !globals.helpMode) {
+      if (globals.toolbarControls) globals.toolbarControls->enableControls();
+      globals.helpMode = true;
+    } else if (!control && !shift && globals.helpMode) {
+      globals.helpMode = false;
+      if (globals.applicationEvents) globals.applicationEvents->toggle();
+    }
+  });
+}
+
 void Icons::keepScreenSaverAway(bool on) {
-  if (on && !view()) ui::toolkit().runHidden(*this);
   screensaverTimer.enabled(on);
   if (!on) activity_.reset();
 }

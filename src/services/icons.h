@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "host/picture.h"
 #include "platform/user_activity.h"
 #include "ui/form.h"
 
@@ -23,14 +24,20 @@ class Icons : public ui::Form {
   /// Keeps the screen saver away during slide shows.
   ui::Timer screensaverTimer{*this, "screensaverTimer", 30000};
 
-  /// Starts or stops that timer.
+  /// Watches the keys for help mode from the start; hosts with a ribbon have none.
+  ui::Timer HelpTimer{*this, "HelpTimer", 50};
+
+  /// Starts or stops the timer against the screen saver.
   void keepScreenSaverAway(bool on);
 
   /// The file of the picture at an index of the toolbars' image list, as the logic writes paths; empty for an
   /// index without one. The pictures are those of the ribbon's buttons, in their small size.
   static std::string toolbarPictureFile(int index);
+  /// That picture with its mask; nothing where the file can't be read.
+  static host::MaskedPicture toolbarPicture(int index);
 
  private:
+  void HelpTimer_Timer();
   void screensaverTimer_Timer();
 
   std::unique_ptr<platform::UserActivity> activity_;  ///< from the first tick on

@@ -194,7 +194,7 @@ void Settings::menuBox_Click(std::size_t index) {
 }
 
 void Settings::menuBox_MouseMove(std::size_t index) {
-  trap("Settings, menuBox_MouseMove", [&] { menuBox[index].hand(true); });
+  trap("Settings, menuBox_MouseMove", [&] { menuBox[index].handCursor(true); });
 }
 
 void Settings::menuLabel_Click(std::size_t index) {
@@ -202,7 +202,7 @@ void Settings::menuLabel_Click(std::size_t index) {
 }
 
 void Settings::menuLabel_MouseMove(std::size_t index) {
-  trap("Settings, menuLabel_MouseMove", [&] { menuLabel[index].hand(true); });
+  trap("Settings, menuLabel_MouseMove", [&] { menuLabel[index].handCursor(true); });
 }
 
 void Settings::lngDropdown_Click(std::size_t index) {
@@ -232,7 +232,7 @@ void Settings::tlnSelect_Click() {
 }
 
 void Settings::tlnSelect_MouseMove() {
-  trap("Settings, tlnSelect_MouseMove", [&] { tlnSelect.hand(true); });
+  trap("Settings, tlnSelect_MouseMove", [&] { tlnSelect.handCursor(true); });
 }
 
 void Settings::btnSave_Click() {

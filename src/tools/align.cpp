@@ -14,20 +14,6 @@ using host::Shape;
 
 }  // namespace
 
-/// The position of an edge of a visual box.
-double TrimlineTools::edge(const RotatedMetrics& box, Mode mode) {
-  switch (mode) {
-    case Mode::left:
-      return box.Left;
-    case Mode::right:
-      return box.Width + box.Left;
-    case Mode::top:
-      return box.Top;
-    default:
-      return box.Height + box.Top;
-  }
-}
-
 TrimlineTools::Mode TrimlineTools::opposite(Mode mode) {
   switch (mode) {
     case Mode::left:
@@ -90,22 +76,38 @@ void TrimlineTools::alignVerticallyInGoldenSection() {
   });
 }
 
+/// By how much a follower grows whose edge `mode` goes to the master's edge `target`. The order of the sums
+/// counts: what is docked already comes out as 0 and no rest of a rounding.
+double TrimlineTools::growth(Mode mode, Mode target, const RotatedMetrics& s, const RotatedMetrics& m) {
+  const bool same = mode == target;
+  switch (mode) {
+    case Mode::left:
+      return same ? s.Left - m.Left : s.Left - m.Left - m.Width;
+    case Mode::right:
+      return (same ? m.Width + m.Left : m.Left) - s.Left - s.Width;
+    case Mode::top:
+      return same ? s.Top - m.Top : s.Top - m.Top - m.Height;
+    default:
+      return (same ? m.Height + m.Top : m.Top) - s.Top - s.Height;
+  }
+}
+
 // Each follower's edge `mode` goes to the master's edge `target`; the opposite edge stays.
 void TrimlineTools::stretchTo(Mode mode, Mode target) {
   const SelectedShapes shapes;
-  const double line = edge(getRotatedMetrics(shapes.master()), target);
+  const RotatedMetrics master = getRotatedMetrics(shapes.master());
   shapes.eachFollower([&](const Shape& s) {
     const RotatedMetrics box = getRotatedMetrics(s);
-    const double own = edge(box, mode);
+    const double delta = growth(mode, target, box, master);
     switch (mode) {
       case Mode::left:
-        return spanHorizontally(s, line, box.Width + (own - line));
+        return spanHorizontally(s, box.Left - delta, box.Width + delta);
       case Mode::right:
-        return spanHorizontally(s, box.Left, box.Width + (line - own));
+        return spanHorizontally(s, box.Left, box.Width + delta);
       case Mode::top:
-        return spanVertically(s, line, box.Height + (own - line));
+        return spanVertically(s, box.Top - delta, box.Height + delta);
       case Mode::bottom:
-        return spanVertically(s, box.Top, box.Height + (line - own));
+        return spanVertically(s, box.Top, box.Height + delta);
       default:
         return;
     }

@@ -39,7 +39,8 @@ bool isBlockArrowType(int type) {
 /// way round.
 void shapeOldArrow(const Shape& arrow, double head, double ratio) {
   const double height = arrow.Height(), width = arrow.Width();
-  const double level = base::divide(height * head, width), upright = base::divide(width * head, height);
+  const auto level = [&] { return base::divide(height * head, width); };
+  const auto upright = [&] { return base::divide(width * head, height); };
   const int type = arrow.AutoShapeType();
   const bool swapped = type == host::msoShapeUpDownArrow;
   double first = 0;
@@ -47,17 +48,17 @@ void shapeOldArrow(const Shape& arrow, double head, double ratio) {
     case host::msoShapeRightArrow:
     case host::msoShapeStripedRightArrow:
     case host::msoShapeNotchedRightArrow:
-      first = 1 - level;
+      first = 1 - level();
       break;
     case host::msoShapeLeftArrow:
     case host::msoShapeLeftRightArrow:
-      first = level;
+      first = level();
       break;
     case host::msoShapeDownArrow:
-      first = 1 - upright;
+      first = 1 - upright();
       break;
     default:
-      first = upright;
+      first = upright();
   }
   const host::Adjustments adjustments = arrow.Adjustments();
   adjustments.Item(swapped ? 1 : 2, toSingle((100 - ratio) / 100 / 2));
@@ -130,7 +131,7 @@ void BlockArrows::obAngle_Click(std::size_t index) {
 
 void BlockArrows::tbAngle_Validate(bool& cancel) {
   trap("BlockArrows, tbAngle_Validate", [&] {
-    const bool valid = base::isNumeric(tbAngle.text()) && base::toDouble(tbAngle.text()) > 0 &&
+    const bool valid = base::isTypedNumber(tbAngle.text()) && base::toDouble(tbAngle.text()) > 0 &&
                        base::toDouble(tbAngle.text()) < 180;
     if (valid) return;
     core::message("Please enter an angle in the range of 0 to 180 degrees.", ui::Icon::critical);
@@ -145,7 +146,7 @@ void BlockArrows::tbRatio_Validate(bool& cancel) {
       core::message(text, ui::Icon::critical);
       cancel = true;
     };
-    if (!base::isNumeric(tbRatio.text())) {
+    if (!base::isTypedNumber(tbRatio.text())) {
       return refuse(
           "Please enter a value in the range of 0 to 100 in the field 'Shaft width / arrowhead width.'");
     }

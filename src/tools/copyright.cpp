@@ -12,6 +12,7 @@
 #include "core/message.h"
 #include "core/slide_in_view.h"
 #include "core/template_paths.h"
+#include "platform/ansi.h"
 #include "platform/paths.h"
 #include "tools/trimline_tools.h"
 
@@ -29,7 +30,7 @@ std::vector<std::string> entriesToRemove() {
   const std::string path = core::globals().configFolder + "copyright_remove.txt";
   std::vector<std::string> entries;
   if (!platform::fileExists(path)) return entries;
-  const std::string text = core::ByteArrayToString(platform::readFile(path));
+  const std::string text = platform::fromAnsiOrUtf8(platform::readFile(path));
   for (const std::string& line : base::split(base::replaceAll(text, "\r", ""), '\n')) {
     std::string entry = base::trim(line);
     if (!entry.empty() && entry.front() != '#') entries.push_back(std::move(entry));
@@ -59,7 +60,7 @@ bool exchange(const std::string& file, std::int32_t index, Masters masters,
   const host::Application& application = core::globals().powerPointApp;
   const std::string path = core::ribbonTemplatePath(core::globals().currentStyle, file);
   if (!platform::fileExists(path)) {
-    message("The template file '" + path +
+    message("The template file '" + platform::toSystem(path) +
                 "' could not be found.\r\nPlease check your installation and contact us at " +
                 std::string(core::supportEmail) + " if the problem persists.",
             ui::Icon::critical);

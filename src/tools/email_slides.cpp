@@ -79,6 +79,7 @@ void TrimlineTools::emailSelectedSlides() {
     const std::string name = input.tbFileName.text();
     input.unload();
     const std::string extract = extractSelectedSlides();
+    if (extract.empty()) return;  // that was reported
     platform::mailFile(core::globals().programFolder + "zorpm.exe", name, extract);
   });
 }

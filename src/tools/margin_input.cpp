@@ -28,7 +28,7 @@ void validate(const ui::TextBox& box, ui::ScrollBar& spinner, bool& cancel) {
     cancel = true;
   };
   if (box.text().empty()) return;
-  if (!base::isNumeric(box.text())) return refuse("Please enter a numeric value.");
+  if (!base::isTypedNumber(box.text())) return refuse("Please enter a numeric value.");
   const double centimetres = base::toDouble(box.text());
   if (centimetres < 0 || centimetres > mostCentimetres) return refuse("Please enter a value in cm.");
   spinner.value(base::toInt16(-centimetres * 100));

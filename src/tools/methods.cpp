@@ -74,6 +74,8 @@ constexpr Method methods[] = {
     VELLUMARK_METHOD(createMotionPath),
     VELLUMARK_NUMBERED_METHOD(insertCopyright),
     VELLUMARK_METHOD(setBlackWhiteMode),
+    VELLUMARK_METHOD(pickColorFromScreen),
+    VELLUMARK_METHOD(resetCustomColors),
     VELLUMARK_METHOD(tutorialVideos),
     VELLUMARK_METHOD(gettingStarted),
     VELLUMARK_METHOD(FAQ),

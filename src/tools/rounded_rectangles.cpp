@@ -72,7 +72,7 @@ void roundedRectanglesInput::tbRadius_Validate(bool& cancel) {
       core::message(text, ui::Icon::critical);
       cancel = true;
     };
-    if (!base::isNumeric(tbRadius.text())) return refuse("Please enter a numeric value.");
+    if (!base::isTypedNumber(tbRadius.text())) return refuse("Please enter a numeric value.");
     const double radius = base::toDouble(tbRadius.text());
     if (radius < 0 || radius > mostMillimetres) return refuse("Please enter a value in mm.");
     udRadius.value(base::toInt32(-radius * 10));

@@ -14,7 +14,7 @@ class roundedRectanglesInput : public ui::Form {
 
   ui::Label lRadius{*this, "lRadius", "&Radius (mm):"};
   ui::TextBox tbRadius{*this, "tbRadius", "0.0"};
-  ui::ScrollBar udRadius{*this, "udRadius", -1000, 0, 0};
+  ui::ScrollBar udRadius{*this, "udRadius", -32767, 0, 0};
   ui::CommandButton btnOK{*this, "btnOK", "&OK"};
   ui::CommandButton btnCancel{*this, "btnCancel", "&Cancel"};
 

@@ -1,5 +1,6 @@
 // The two toggles on text: fitting the shape to it, and wrapping it.
 
+#include "core/config.h"
 #include "core/failure.h"
 #include "core/globals.h"
 #include "tools/selected_shapes.h"
@@ -11,11 +12,7 @@ namespace {
 using core::trap;
 
 host::CommandBarControl toggleButton(const std::string& caption) {
-  return core::globals()
-      .powerPointApp.CommandBars()
-      .Item("Vellumark for presentations - Trimline Tools")
-      .Controls()
-      .Item(caption);
+  return core::globals().powerPointApp.CommandBars().Item(core::toolsBarName).Controls().Item(caption);
 }
 
 /// A frame that holds no text takes on the property only once some was written.

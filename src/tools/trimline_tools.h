@@ -116,6 +116,10 @@ class TrimlineTools {
   void insertCopyright(std::int32_t index);
   void setBlackWhiteMode();
 
+  // Colours.
+  void pickColorFromScreen();  ///< adds colours of the screen to the presentation's own
+  void resetCustomColors();    ///< the presentation's own colours become those of the settings
+
   // The agenda.
   void showAgendaWizard();
   void agendaUpdatePagenumbers();  ///< makes all agenda slides anew
@@ -175,7 +179,7 @@ class TrimlineTools {
   void moveToMaster(Mode mode);
   void stretchToMaster(Mode mode);
   void stretchTo(Mode mode, Mode target);
-  static double edge(const RotatedMetrics& box, Mode mode);
+  static double growth(Mode mode, Mode target, const RotatedMetrics& s, const RotatedMetrics& m);
   static Mode opposite(Mode mode);
   /// Gives the visual box a new size and place; a size of zero or less leaves the shape untouched.
   void spanHorizontally(const host::Shape& shape, double left, double width);

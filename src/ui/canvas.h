@@ -2,6 +2,7 @@
 // Something to draw on that no toolkit needs to be there for: a list of drawing commands, replayed by whoever
 // shows it.
 
+#include <memory>
 #include <string>
 #include <variant>
 #include <vector>
@@ -44,7 +45,23 @@ class Canvas {
     std::string path;
     friend bool operator==(const Image&, const Image&) = default;
   };
-  using Command = std::variant<Rectangle, Ellipse, Line, Text, Image>;
+  /// Rows of pixels from memory, the topmost first, scaled to the rectangle without smoothing.
+  struct Pixels {
+    double x, y, width, height;
+    int columns;  ///< pixels in a row
+    std::vector<Color> colors;
+    int rows() const { return columns > 0 ? static_cast<int>(colors.size()) / columns : 0; }
+    friend bool operator==(const Pixels&, const Pixels&) = default;
+  };
+  /// Another canvas in its own size, as it was when it was copied.
+  struct Copy {
+    double x, y;
+    std::shared_ptr<const Canvas> source;
+    friend bool operator==(const Copy& a, const Copy& b) {
+      return a.x == b.x && a.y == b.y && *a.source == *b.source;
+    }
+  };
+  using Command = std::variant<Rectangle, Ellipse, Line, Text, Image, Pixels, Copy>;
 
   Canvas(int width, int height) : width_(width), height_(height) {}
 
@@ -65,9 +82,17 @@ class Canvas {
   void text(double x, double y, const std::string& text, double size, Color color, bool bold = false) {
     commands_.emplace_back(Text{x, y, text, size, color, bold});
   }
+  void pixels(double x, double y, double width, double height, int columns, std::vector<Color> colors) {
+    commands_.emplace_back(Pixels{x, y, width, height, columns, std::move(colors)});
+  }
+  void copy(double x, double y, const Canvas& source) {
+    commands_.emplace_back(Copy{x, y, std::make_shared<const Canvas>(source)});
+  }
   void image(double x, double y, double width, double height, const std::string& path) {
     commands_.emplace_back(Image{x, y, width, height, path});
   }
+
+  friend bool operator==(const Canvas&, const Canvas&) = default;
 
  private:
   int width_;

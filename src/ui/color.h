@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 namespace vellumark::ui {
 
@@ -13,5 +15,8 @@ constexpr Color rgb(int red, int green, int blue) {
 constexpr int redOf(Color color) { return static_cast<int>(color & 0xFF); }
 constexpr int greenOf(Color color) { return static_cast<int>(color >> 8 & 0xFF); }
 constexpr int blueOf(Color color) { return static_cast<int>(color >> 16 & 0xFF); }
+
+/// The colour of six hexadecimal digits, red first; nothing where the text is none.
+std::optional<Color> colorFromDigits(std::string_view digits);
 
 }  // namespace vellumark::ui

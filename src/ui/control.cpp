@@ -47,6 +47,12 @@ void Control::fontScale(double scale) {
   changed();
 }
 
+void Control::handCursor(bool on) {
+  if (handCursor_ == on) return;
+  handCursor_ = on;
+  changed();
+}
+
 bool Control::canFocus() const { return focusable() && enabled_ && visible_; }
 
 const std::string& Control::accessCaption() const {

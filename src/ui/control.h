@@ -47,6 +47,12 @@ class Control {
   /// Size of the text relative to the toolkit's own.
   double fontScale() const { return fontScale_; }
   void fontScale(double scale);
+  /// Whether the mouse pointer over it is a hand.
+  bool handCursor() const { return handCursor_; }
+  void handCursor(bool on);
+  /// A mark of the form's own, by which it finds controls that belong together.
+  const std::string& tag() const { return tag_; }
+  void tag(const std::string& text) { tag_ = text; }
 
   /// While off, changes of the control are not shown; switching it on shows what has become of it.
   void redraw(bool on);
@@ -70,7 +76,7 @@ class Control {
 
  protected:
   /// Tells whoever shows the form that this control looks different now.
-  void changed();
+  virtual void changed();
   void raiseChange() const {
     if (onChange) onChange();
   }
@@ -87,6 +93,8 @@ class Control {
   std::optional<Color> foreColor_, backColor_;
   bool bold_ = false;
   double fontScale_ = 1;
+  bool handCursor_ = false;
+  std::string tag_;
 };
 
 /// A caption without the marks of access keys: "&OK" is "OK", "&&" is "&".

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "ui/form.h"
+#include "ui/toolkit.h"
 
 namespace vellumark::ui {
 
@@ -14,12 +15,7 @@ void Label::caption(const std::string& text) {
 
 void Label::link(bool on) {
   link_ = on;
-  changed();
-}
-
-void Label::hand(bool on) {
-  if (hand_ == on) return;
-  hand_ = on;
+  handCursor(on);
   changed();
 }
 
@@ -131,6 +127,24 @@ void Frame::toFront() {
 void Timer::interval(int milliseconds) {
   interval_ = std::max(0, milliseconds);
   changed();
+}
+
+Timer::~Timer() {
+  if (beat_ > 0) stopTimer(*this);
+}
+
+void Timer::follow() {
+  const int wanted = enabled() && form().loaded() ? interval_ : 0;
+  if (wanted == beat_) return;
+  if (beat_ > 0) stopTimer(*this);
+  beat_ = wanted;
+  if (beat_ > 0) startTimer(*this);
+}
+
+/// The handler may replace itself or take its form down.
+void Timer::tick() const {
+  const auto handler = onTimer;
+  if (handler) handler();
 }
 
 }  // namespace vellumark::ui

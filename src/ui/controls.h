@@ -21,9 +21,6 @@ class Label : public Control {
   void caption(const std::string& text);
   bool link() const { return link_; }
   void link(bool on);
-  /// Whether the pointer over it is a hand, as over a link.
-  bool hand() const { return hand_ || link_; }
-  void hand(bool on);
   /// Where longer, the text wraps at this width, in average characters; 0 never wraps.
   int wrapAt() const { return wrapAt_; }
   void wrapAt(int characters);
@@ -34,7 +31,6 @@ class Label : public Control {
  private:
   std::string caption_;
   bool link_ = false;
-  bool hand_ = false;
   int wrapAt_ = 0;
 };
 
@@ -180,7 +176,9 @@ class ProgressBar : public Control {
   int min_, max_, value_;
 };
 
-/// A picture that the program draws.
+/// A picture that the program draws. The mouse events tell the button (1 left, 2 right, 4 middle; 0 for
+/// none), the keys held down (keys.h) and the place in pixels of the canvas, however large the screen shows
+/// them.
 class PictureBox : public Control {
  public:
   PictureBox(Form& form, std::string name, int width, int height)
@@ -191,7 +189,19 @@ class PictureBox : public Control {
   void refresh() { changed(); }
   bool focusable() const override { return false; }
 
+  using MouseEvent = std::function<void(int button, int shift, double x, double y)>;
+  MouseEvent onMouseDown, onMouseMove, onMouseUp;
+
+  // What a user does with the mouse; nothing happens where the picture is hidden or disabled.
+  void mouseDown(int button, int shift, double x, double y) const { raise(onMouseDown, button, shift, x, y); }
+  void mouseMove(int button, int shift, double x, double y) const { raise(onMouseMove, button, shift, x, y); }
+  void mouseUp(int button, int shift, double x, double y) const { raise(onMouseUp, button, shift, x, y); }
+
  private:
+  void raise(const MouseEvent& event, int button, int shift, double x, double y) const {
+    if (event && enabled() && visible()) event(button, shift, x, y);
+  }
+
   Canvas canvas_;
 };
 
@@ -231,20 +241,31 @@ class Frame : public Control {
   unsigned order_ = 0;
 };
 
-/// Calls onTimer again and again while it is enabled and the form is loaded.
+/// Calls onTimer again and again while it is enabled, its form is loaded, shown or not, and the toolkit's
+/// loop runs. A tick may unload the form.
 class Timer : public Control {
  public:
   Timer(Form& form, std::string name, int interval = 0)
       : Control(form, std::move(name)), interval_(interval) {
     enabled(false);
   }
+  ~Timer() override;
   int interval() const { return interval_; }  ///< milliseconds; 0 never ticks
+  /// An interval that is set anew starts anew; the same one leaves the beat alone.
   void interval(int milliseconds);
   bool focusable() const override { return false; }
   std::function<void()> onTimer;
 
+  /// For the form: it was loaded or unloaded.
+  void follow();
+  /// For toolkits: the interval has passed.
+  void tick() const;
+
  private:
+  void changed() override { follow(); }
+
   int interval_;
+  int beat_ = 0;  ///< the interval in which it ticks now; 0 while it doesn't
 };
 
 /// Controls of one kind and name, by index: "tbM(0)", "tbM(1)", ...

@@ -10,7 +10,7 @@ namespace vellumark::ui {
 
 Form::Form(std::string name, std::string caption) : name_(std::move(name)), caption_(std::move(caption)) {}
 
-Form::~Form() { leaveScreen(); }
+Form::~Form() { setVisible(false); }
 
 void Form::caption(const std::string& text) {
   caption_ = text;
@@ -25,7 +25,14 @@ void Form::forget(Control& control) {
 void Form::load() {
   if (loaded_) return;
   loaded_ = true;
+  followTimers();
   if (onLoad) onLoad();
+}
+
+void Form::followTimers() const {
+  for (Control* control : controls_) {
+    if (auto* timer = dynamic_cast<Timer*>(control)) timer->follow();
+  }
 }
 
 void Form::showModal() {
@@ -52,6 +59,10 @@ void Form::showModeless() {
 
 void Form::hide() { setVisible(false); }
 
+void Form::refresh() {
+  if (view_) view_->repaint();
+}
+
 void Form::unload() {
   if (!loaded_ || unloading_) return;
   unloading_ = true;
@@ -59,17 +70,12 @@ void Form::unload() {
   if (onQueryUnload) onQueryUnload(cancel);
   if (!cancel) {
     if (onUnload) onUnload();
-    leaveScreen();
+    setVisible(false);
     focused_ = nullptr;
     loaded_ = false;
+    followTimers();
   }
   unloading_ = false;
-}
-
-void Form::leaveScreen() {
-  setVisible(false);
-  // A form that was never shown has a view where its timers run.
-  if (view_) view_->visibilityChanged(false);
 }
 
 void Form::setVisible(bool visible) {
@@ -126,6 +132,18 @@ bool Form::click(Control& control) {
     control.onClick();
   }
   return true;
+}
+
+void Form::keyDown(int keyCode, int shift) const {
+  if (onKeyDown) onKeyDown(keyCode, shift);
+}
+
+bool Form::keyPress(char32_t key) const {
+  constexpr char32_t firstPrinted = U' ';
+  constexpr char32_t deleteCharacter = 0x7F;
+  if (!onKeyPress || key < firstPrinted || key == deleteCharacter) return true;
+  onKeyPress(key);
+  return key != 0;
 }
 
 void Form::clickBackground() {

@@ -22,6 +22,12 @@ class FormView {
   virtual void focusChanged(Control* control) = 0;
   /// The form is to be shown or no longer shown.
   virtual void visibilityChanged(bool visible) = 0;
+  /// Paints what isn't painted yet.
+  virtual void repaint() = 0;
+  /// Does what the form does by itself, as in a tick; its failure goes to whoever waits for the form.
+  virtual void perform(const std::function<void()>& act) = 0;
+  /// Where the form lies on the whole screen with its border, in the screen's pixels.
+  virtual Rect frame() const = 0;
 };
 
 class Form {
@@ -37,6 +43,9 @@ class Form {
   bool topMost() const { return topMost_; }
   /// Keeps the form above all other windows.
   void topMost(bool on) { topMost_ = on; }
+  bool bare() const { return bare_; }
+  /// Shows the form without a caption and a frame of its own; only while it isn't shown.
+  void bare(bool on) { bare_ = on; }
   /// Whether it comes up unasked, so that where a script works the forms, none for it closes it.
   bool unasked() const { return unasked_; }
   void unasked(bool on) { unasked_ = on; }
@@ -50,6 +59,8 @@ class Form {
   void showModeless();
   bool visible() const { return visible_; }
   void hide();
+  /// Brings the screen up to date at once, and lets nothing else happen meanwhile.
+  void refresh();
   /// Asks onQueryUnload and closes the form, unless that cancels. Closing twice does nothing.
   void unload();
 
@@ -59,8 +70,16 @@ class Form {
   std::function<void()> onUnload;
   /// A click beside all controls.
   std::function<void()> onClick;
+  /// A key goes down, before the control that has the focus sees it: its code and the keys held down
+  /// (keys.h).
+  std::function<void(int keyCode, int shift)> onKeyDown;
+  /// A character is typed, likewise. A handler that sets it to 0 keeps it from the control.
+  std::function<void(char32_t& key)> onKeyPress;
 
   // What a user does. Each of these keeps the rules of focus and validation.
+  void keyDown(int keyCode, int shift) const;
+  /// Whether the control that has the focus is to see the character. Those that print nothing it always sees.
+  bool keyPress(char32_t key) const;
   /// Moves the focus. Leaving a control asks its onValidate first, if the new one causes validation; a
   /// control that refuses keeps the focus, and the answer is false. So it is for a control that can't have
   /// the focus now.
@@ -93,6 +112,9 @@ class Form {
   void layout(Box box) { layout_ = std::move(box); }
   const Box& layout() const { return layout_; }
 
+  /// Where it lies on the whole screen with its border, in the screen's pixels; empty where nobody sees it.
+  Rect frame() const { return view_ ? view_->frame() : Rect{}; }
+
   FormView* view() const { return view_; }
   /// For toolkits: who shows the form from now on.
   void view(FormView* view) { view_ = view; }
@@ -106,13 +128,14 @@ class Form {
   void adopt(Control& control) { controls_.push_back(&control); }
   void forget(Control& control);
   void setVisible(bool visible);
-  void leaveScreen();
+  void followTimers() const;
   void focusFirst();
   bool validateFocused(const Control& next);
 
   std::string name_;
   std::string caption_;
   bool topMost_ = false;
+  bool bare_ = false;
   bool unasked_ = false;
   bool loaded_ = false;
   bool visible_ = false;

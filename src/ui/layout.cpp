@@ -1,6 +1,7 @@
 #include "ui/layout.h"
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 #include "ui/controls.h"
@@ -25,6 +26,12 @@ Box grid(int columns, std::vector<Box> children) {
   Box box = row(std::move(children));
   box.kind_ = Box::Kind::grid;
   box.columns_ = std::max(1, columns);
+  return box;
+}
+
+Box layers(std::vector<Box> children) {
+  Box box = row(std::move(children));
+  box.kind_ = Box::Kind::layers;
   return box;
 }
 
@@ -85,6 +92,10 @@ class Engine {
         return placeLine(box, area, false);
       case Box::Kind::grid:
         return placeGrid(box, area);
+      case Box::Kind::layers:
+        for (const Box& child : box.children())
+          place(child, aligned(child, aligned(child, area, false), true));
+        return;
       case Box::Kind::stack:
         if (!box.children().empty()) place(frontOf(box), area);
         return;
@@ -120,11 +131,12 @@ class Engine {
         const int gap = gapOf(box);
         return {total(widths, gap), total(heights, gap)};
       }
+      case Box::Kind::layers:
       case Box::Kind::stack: {
         Size size;
         for (const Box& child : box.children()) {
-          const Size page = natural(child);
-          size = {std::max(size.width, page.width), std::max(size.height, page.height)};
+          const Size own = natural(child);
+          size = {std::max(size.width, own.width), std::max(size.height, own.height)};
         }
         return size;
       }
@@ -279,7 +291,10 @@ class Engine {
     if (dynamic_cast<const ScrollBar*>(&control)) return {line + 4, field};
     if (dynamic_cast<const ProgressBar*>(&control)) return {24 * character_.width, line};
     if (const auto* picture = dynamic_cast<const PictureBox*>(&control)) {
-      return {picture->canvas().width(), picture->canvas().height()};
+      const auto scaled = [&](int pixels) {
+        return static_cast<int>(std::lround(pixels * measurer_.canvasScale()));
+      };
+      return {scaled(picture->canvas().width()), scaled(picture->canvas().height())};
     }
     if (dynamic_cast<const ColorBox*>(&control)) return {2 * line, field};
     if (dynamic_cast<const Line*>(&control)) return {0, 2};

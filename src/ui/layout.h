@@ -36,6 +36,8 @@ class TextMeasurer {
   virtual Size text(std::string_view text, double scale, bool bold, int wrapWidth) const = 0;
   /// Width of an average character and height of a line.
   virtual Size character() const = 0;
+  /// The toolkit's pixels for one of a canvas.
+  virtual double canvasScale() const { return 1; }
 };
 
 enum class Align { start, center, end, fill };
@@ -43,7 +45,7 @@ enum class Align { start, center, end, fill };
 /// One element of a layout.
 class Box {
  public:
-  enum class Kind { empty, control, row, column, grid, stack, space };
+  enum class Kind { empty, control, row, column, grid, layers, stack, space };
 
   Box() = default;
   /// A control of its natural size.
@@ -88,6 +90,7 @@ class Box {
   friend Box row(std::vector<Box> children);
   friend Box column(std::vector<Box> children);
   friend Box grid(int columns, std::vector<Box> children);
+  friend Box layers(std::vector<Box> children);
   friend Box stack(std::vector<Box> children);
   friend Box space(int stretch);
 
@@ -110,6 +113,9 @@ Box column(std::vector<Box> children);
 /// Children row by row in so many columns, each as wide as its widest child. A stretching child makes its
 /// column stretch.
 Box grid(int columns, std::vector<Box> children);
+/// Children on the same place, one upon the other, for those that are not seen at the same time. Pictures lie
+/// on what the form declares before them.
+Box layers(std::vector<Box> children);
 /// Children in one place, each in a frame of its own: only the one whose frame is in front is seen.
 Box stack(std::vector<Box> children);
 /// Nothing, taking up what is left.

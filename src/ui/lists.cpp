@@ -184,6 +184,11 @@ void TreeView::select(const std::string& key) {
   if (!key.empty() && onNodeClick) onNodeClick(key);
 }
 
+void TreeView::userClick(const std::string& key) {
+  if (selectedKey_ != key) return select(key);
+  if (onNodeClick) onNodeClick(key);
+}
+
 void TreeView::startLabelEdit() {
   if (!labelEdit_ || selectedKey_.empty() || !form().focus(*this)) return;
   labelEditAsked_ = true;

@@ -117,6 +117,10 @@ class TreeView : public Control {
   /// Selects a node (empty for none); raises onNodeClick where the selection differs.
   void select(const std::string& key);
 
+  /// What a click of the user on a node does: selects it and raises onNodeClick, also where it is selected
+  /// already.
+  void userClick(const std::string& key);
+
   bool labelEdit() const { return labelEdit_; }
   void labelEdit(bool on) { labelEdit_ = on; }
   /// Gives the tree the focus and lets the user edit the selected node's label; nothing without one.

@@ -14,6 +14,12 @@ Toolkit*& current() {
   return toolkit;
 }
 
+/// The timers that run, in whatever toolkit.
+std::vector<Timer*>& running() {
+  static std::vector<Timer*> timers;
+  return timers;
+}
+
 constexpr std::pair<Answer, const char*> captions[] = {{Answer::ok, "OK"},         {Answer::cancel, "Cancel"},
                                                        {Answer::abort, "Abort"},   {Answer::retry, "Retry"},
                                                        {Answer::ignore, "Ignore"}, {Answer::yes, "Yes"},
@@ -26,7 +32,24 @@ Toolkit& toolkit() {
   return *current();
 }
 
-Toolkit* setToolkit(Toolkit* toolkit) { return std::exchange(current(), toolkit); }
+Toolkit* setToolkit(Toolkit* toolkit) {
+  Toolkit* before = std::exchange(current(), toolkit);
+  for (Timer* timer : running()) {
+    if (before) before->stopTimer(*timer);
+    if (toolkit) toolkit->startTimer(*timer);
+  }
+  return before;
+}
+
+void startTimer(Timer& timer) {
+  running().push_back(&timer);
+  if (current()) current()->startTimer(timer);
+}
+
+void stopTimer(Timer& timer) {
+  std::erase(running(), &timer);
+  if (current()) current()->stopTimer(timer);
+}
 
 Answer messageBox(const std::string& text, Icon icon, Buttons buttons, const std::string& title,
                   int defaultButton) {

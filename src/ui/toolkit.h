@@ -1,12 +1,14 @@
 #pragma once
 // What shows forms and asks questions: the screen's toolkit, or a script.
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 
 #include "ui/form.h"
 #include "ui/message_box.h"
+#include "ui/screen.h"
 
 namespace vellumark::ui {
 
@@ -22,18 +24,30 @@ class Toolkit {
   virtual void showModal(Form& form) = 0;
   /// Shows a form and returns at once.
   virtual void showModeless(Form& form) = 0;
-  /// Lets the timers of a form that is loaded and never shown tick until it is unloaded.
-  virtual void runHidden(Form& form) = 0;
+  /// Calls tick() of a timer, whose interval doesn't change meanwhile, until it is stopped.
+  virtual void startTimer(Timer& timer) = 0;
+  virtual void stopTimer(Timer& timer) = 0;
+  /// Whether somebody sees what it shows.
+  virtual bool onScreen() const = 0;
   /// The width of a text on one line in the font of forms, in the toolkit's pixels.
   virtual int textWidth(const std::string& text) = 0;
+  /// All that is shown, by whatever program; nullptr where the system lets no program see it.
+  virtual Screen* wholeScreen() = 0;
+  /// Asks the desktop for a colour of the screen, for where wholeScreen() is none, and waits. `goesOn` is
+  /// called again and again meanwhile; false gives up.
+  virtual DesktopColor askDesktopColor(const std::function<bool()>& goesOn) = 0;
   /// Lets pending events happen, so that a form that works shows its progress.
   virtual void processEvents() = 0;
 };
 
 /// The toolkit in use; base::Error 91 where there is none.
 Toolkit& toolkit();
-/// Sets the toolkit and returns the one before. The caller keeps it alive.
+/// Sets the toolkit and returns the one before. The caller keeps it alive. Timers that run go over to it.
 Toolkit* setToolkit(Toolkit* toolkit);
+
+/// For timers: from now on, or no longer, they run in the toolkit in use, whichever that is.
+void startTimer(Timer& timer);
+void stopTimer(Timer& timer);
 
 /// The buttons of a message box in order, as answers.
 std::vector<Answer> answersOf(Buttons buttons);

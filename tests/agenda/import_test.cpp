@@ -78,6 +78,20 @@ TEST_F(AgendaImport, ReplacesTheDocumentAsAWhole) {
   EXPECT_EQ(failures.take(), Texts{});
 }
 
+TEST_F(AgendaImport, LeavesTheFocusWhereItWas) {
+  AgendaXml other;
+  other.items = {{.text = "x", .duration = 45}, {.text = "y", .duration = 60}};
+  chosen_ = deckWith(other.text());
+  for (const char* steps : {"btnOK", "btnAddItem; btnCancel", "btnDeleteItem; btnCancel",
+                            "tvItems=1. x; tbAgendaItem=changed; btnCancel",
+                            "tvItems=2. y; tbAgendaItem=changed; tvItems=1. x; btnCancel"}) {
+    AgendaWizard dialog;
+    messages.toolkit().addDialog("AgendaWizard: btnImport; " + std::string(steps));
+    dialog.showModal();
+    EXPECT_EQ(failures.take(), Texts{}) << steps;
+  }
+}
+
 TEST_F(AgendaImport, WhatCannotBeImported) {
   EXPECT_EQ(importing(std::nullopt), Texts{});
   EXPECT_EQ(importing(deckWith("")),

@@ -158,8 +158,28 @@ TEST_F(Run, RefusedCommandsSayWhatTheyNeed) {
   }
 }
 
+TEST_F(Run, ColorsOfTheScreenGoIntoTheDeck) {
+  const auto pick = [&](const std::string& click) {
+    return runCommand("1104", deck_, {"--dialog", "pickColor: " + click + "; btnAdd; btnClose", "-o", out_});
+  };
+  const Outcome picked = pick("color=#1B6878");
+  EXPECT_EQ(picked.status, 0) << picked.err;
+  EXPECT_NE(readZipFile(out_)["ppt/presProps.xml"].bytes.find("<p:clrMru><a:srgbClr val=\"1B6878\"/>"),
+            std::string::npos);
+  fs::remove(out_);
+  for (const auto& [click, told] :
+       {std::pair{"color=teal", "write it as #1B6878"}, std::pair{"pixel=somewhere", "write it as 120,40"}}) {
+    const Outcome outcome = pick(click);
+    EXPECT_EQ(outcome.status, 1) << click;
+    ASSERT_EQ(failureLines(outcome.err).size(), 1u) << outcome.err;
+    EXPECT_NE(failureLines(outcome.err)[0].find(told), std::string::npos) << outcome.err;
+    EXPECT_FALSE(fs::exists(out_));
+  }
+}
+
 TEST_F(Run, CriticalBoxesAreToldAndCountAsFailure) {
-  // The width of a shape at 30 degrees can't be set; the position step behind it still runs, and is saved.
+  // The width of a shape at 30 degrees can't be set. The position step behind it still runs, but what is half
+  // done is not written.
   const Outcome outcome = runCommand("stretchLeft", deck_, {"--select", "Askew,Master", "-o", out_});
   EXPECT_EQ(outcome.status, 1) << outcome.err;
   for (const std::string part :
@@ -167,7 +187,7 @@ TEST_F(Run, CriticalBoxesAreToldAndCountAsFailure) {
         "Shape width can only be set if shape is rotated by a multiple of 90 degrees."}) {
     EXPECT_NE(outcome.err.find(part), std::string::npos) << outcome.err;
   }
-  EXPECT_NE(placed(readZipFile(out_)["ppt/slides/slide1.xml"].bytes, "Askew", "a:off"), "8890000,381000");
+  EXPECT_FALSE(fs::exists(out_));
 }
 
 TEST_F(Run, ErrorReportsEndTheCommand) {
@@ -262,8 +282,6 @@ TEST_F(Run, NoticesComeFromTheStyleThatIsChosen) {
   EXPECT_NE(second.find("Confidential"), std::string::npos);
   EXPECT_EQ(second.find("44546A"), std::string::npos);
   EXPECT_EQ(runCommand("insertCopyright 1", deck_, {"--style", "Green"}).status, 2);
-  EXPECT_EQ(runCommand("insertCopyright 1", deck_, {"--style", "Vellumark Grey", "--host", "11.0"}).status,
-            2);
 }
 
 TEST_F(Run, ElementsAreKeptFromRunToRun) {

@@ -90,7 +90,7 @@ TEST_F(Usage, DecksThatCannotBeReadEndWithStatus3) {
 }
 
 TEST_F(Usage, HelpTeachesWithExamples) {
-  for (const std::string subcommand : {"show", "commands", "run", "demo"}) {
+  for (const std::string subcommand : {"show", "commands", "run", "toolbars", "demo"}) {
     const Outcome outcome = runProgram({subcommand, "--help"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_NE(outcome.out.find("vellumark " + subcommand + " "), std::string::npos) << outcome.out;

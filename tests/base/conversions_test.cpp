@@ -64,6 +64,11 @@ TEST_F(Conversions, ReadWholeTextsAsNumbers) {
       {"&hff&", 255}, {"&O17", 15},    {"1e-400", 0},        {"0e999", 0},   {"0.0001e305", 1e301},
   };
   for (const auto& [text, value] : cases) expectDouble(text, value);
+  for (const char* text : {"1,234.5", "1,234,567", "-12,345", "1.5", "0"})
+    EXPECT_TRUE(isTypedNumber(text)) << text;
+  for (const char* text : {"1,5", "1,2345", "1234,567", "1,23,456", "", "x"}) {
+    EXPECT_FALSE(isTypedNumber(text)) << text;
+  }
   for (const char* text : {"",    " ",  "12abc", "1e", "1.2.3", "1.5,3", ",5",  ".",   "-",   "--1",
                            "-4-", "(4", "4)",    "&H", "&HG",   "&O8",   "1 2", "inf", "nan", "0x1"}) {
     expectNoDouble(text, 13);

@@ -48,26 +48,58 @@ class Events : public test::CommandsStage {
     return text;
   }
 
-  /// The groups of entries that are enabled, each known by entries that must agree.
+  /// The groups of entries that are enabled; the entries of a group must agree.
   std::string enabled() {
     struct Group {
       const char* name;
       std::vector<std::pair<const char*, const char*>> entries;  // caption, popup
     };
     const Group groups[] = {
-        {"slides", {{"Paste on selected slides", "Tools"}, {"E-mail selected slides", "Tools"}}},
+        {"slides",
+         {{"Paste on selected slides", "Tools"},
+          {"Disconnect selected agenda slides from Agenda Wizard", "Tools"},
+          {"Save selected slides as new presentation", "Tools"},
+          {"E-mail selected slides", "Tools"}}},
         {"angles", {{"Align angles", ""}}},
         {"text", {{"Fit AutoShape to text", ""}, {"Wrap text in AutoShape", ""}}},
         {"header", {{"Adjust pentagon header", ""}}},
         {"chain", {{"Align process chain", ""}}},
         {"switch", {{"Switch objects", ""}}},
         {"shape",
-         {{"Set AutoShape margins", ""}, {"Increase indent level", ""}, {"Text statistics", "Tools"}}},
+         {{"Set AutoShape margins", ""},
+          {"Beautify indents", ""},
+          {"Decrease indent level", ""},
+          {"Increase indent level", ""},
+          {"Beautify block arrows", "Tools"},
+          {"Tweak AutoShape adjustments", "Tools"},
+          {"Hide selected shapes", "Tools"},
+          {"Text statistics", "Tools"}}},
         {"two",
          {{"Align left to master left", ""},
+          {"Align center to master center", ""},
+          {"Align right to master right", ""},
+          {"Align top to master top", ""},
+          {"Align middle to master middle", ""},
+          {"Align bottom to master bottom", ""},
+          {"Move left to master right", ""},
+          {"Move right to master left", ""},
+          {"Move top to master bottom", ""},
           {"Move bottom to master top", ""},
-          {"Create motion path", "Tools"}}},
-        {"two90", {{"Stretch to master width", ""}, {"Stretch bottom to master top", ""}}},
+          {"Rounded rectangles", "Tools"},
+          {"Create motion path", "Tools"},
+          {"Align vertically in golden section", "Tools"}}},
+        {"two90",
+         {{"Stretch to master width", ""},
+          {"Stretch to master height", ""},
+          {"Stretch to master width and height", ""},
+          {"Stretch to master left", ""},
+          {"Stretch to master right", ""},
+          {"Stretch to master top", ""},
+          {"Stretch to master bottom", ""},
+          {"Stretch left to master right", ""},
+          {"Stretch right to master left", ""},
+          {"Stretch top to master bottom", ""},
+          {"Stretch bottom to master top", ""}}},
     };
     std::string text;
     for (const Group& group : groups) {
@@ -125,8 +157,6 @@ TEST_F(Events, Flags) {
 }
 
 TEST_F(Events, EntriesFollowTheShapes) {
-  open("11.0");
-  EXPECT_EQ(enabled(), "") << "all start disabled";
   struct Case {
     std::vector<std::string> shapes;
     const char* enabled;
@@ -147,13 +177,17 @@ TEST_F(Events, EntriesFollowTheShapes) {
       {{"Table"}, "shape "},
       {{}, ""},
   };
-  for (const Case& c : cases) {
-    select(c.shapes);
-    EXPECT_EQ(enabled(), c.enabled) << testing::PrintToString(c.shapes);
+  for (const char* version : {"9.0", "10.0", "11.0"}) {
+    open(version);
+    EXPECT_EQ(enabled(), "") << "all start disabled";
+    for (const Case& c : cases) {
+      select(c.shapes);
+      EXPECT_EQ(enabled(), c.enabled) << version << " " << testing::PrintToString(c.shapes);
+    }
+    shape("Rect").TextFrame().TextRange().Select();
+    EXPECT_EQ(enabled(), "text shape ");
+    EXPECT_EQ(failures.take(), Texts{}) << "every entry was found";
   }
-  shape("Rect").TextFrame().TextRange().Select();
-  EXPECT_EQ(enabled(), "text shape ");
-  EXPECT_EQ(failures.take(), Texts{}) << "every entry was found";
 }
 
 TEST_F(Events, EntriesFollowTheView) {
@@ -204,6 +238,34 @@ TEST_F(Events, TextTogglesShowTheirState) {
   EXPECT_EQ(toggles(), State(down, down));
   select({});
   EXPECT_EQ(toggles(), State(up, up));
+  EXPECT_EQ(failures.take(), Texts{});
+}
+
+// Slides are chosen in thumbnails, sorter and outline; shapes are worked on where slides and masters of every
+// kind are edited. In any other view nothing is enabled.
+TEST_F(Events, EveryViewWithEveryKindOfSelection) {
+  open("11.0");
+  select({"Rect", "Box"});
+  const host::ObjectRef range = host->application().ActiveWindow().Selection().ShapeRange().object();
+  const auto changed = [&](int view, int type) {
+    const auto pane =
+        std::make_shared<FakeObject>("Pane", std::map<std::string, host::Value>{{"ViewType", view}});
+    const auto window = std::make_shared<FakeObject>(
+        "DocumentWindow", std::map<std::string, host::Value>{{"ActivePane", pane}});
+    events->pptApp_WindowSelectionChange(host::Selection(std::make_shared<FakeObject>(
+        "Selection",
+        std::map<std::string, host::Value>{{"Type", type}, {"ShapeRange", range}, {"Parent", window}})));
+    return enabled();
+  };
+  const std::string ofShapes = "text header switch shape two two90 ";
+  for (int view = 1; view <= 12; ++view) {
+    const bool editing = view == 1 || view == 2 || view == 4 || view == 5 || view == 8;
+    const bool choosing = view == 6 || view == 7 || view == 11;
+    EXPECT_EQ(changed(view, host::ppSelectionNone), "") << view;
+    EXPECT_EQ(changed(view, host::ppSelectionSlides), choosing ? "slides " : "") << view;
+    EXPECT_EQ(changed(view, host::ppSelectionShapes), editing ? ofShapes : "") << view;
+    EXPECT_EQ(changed(view, host::ppSelectionText), editing ? "text shape " : "") << view;
+  }
   EXPECT_EQ(failures.take(), Texts{});
 }
 

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <set>
 
 #include "commands/command_table.h"
 #include "commands/commands_stage.h"
@@ -149,12 +150,40 @@ TEST_F(Ribbon, Toggles) {
 }
 
 TEST_F(Ribbon, EnabledByTheSelection) {
-  const int numbers[] = {1032, 1070, 1071, 1073, 1074, 1075, 1076, 1077,
-                         1078, 1080, 1085, 1093, 1098, 1102, 1105};
+  // Every number with a rule; the numbers of a rule must agree, and all others are always enabled.
+  struct RuleNumbers {
+    const char* name;
+    std::vector<int> numbers;
+  };
+  const RuleNumbers rules[] = {
+      {"one", {1070, 1071, 1109, 1112, 1114}},
+      {"two", {1032, 1033, 1034, 1036, 1037, 1038, 1040, 1041, 1042, 1044, 1046, 1047, 1048, 1049,
+               1051, 1053, 1054, 1055, 1056, 1058, 1059, 1061, 1063, 1065, 1066, 1067, 1068}},
+      {"exactly2", {1075, 1082, 1111}},
+      {"pentagons2", {1073}},
+      {"chain", {1074}},
+      {"arrows", {1076}},
+      {"rounded", {1077, 1078, 1081}},
+      {"rounded2", {1080}},
+      {"text", {1085, 1086, 1087, 1089, 1090, 1091}},
+      {"some", {1093, 1094, 1095}},
+      {"slides", {1098, 1100, 1101, 1117}},
+      {"window", {1102, 1104, 1105, 1108, 1110, 1115}},
+  };
+  std::set<int> withRule;
+  for (const RuleNumbers& rule : rules) withRule.insert(rule.numbers.begin(), rule.numbers.end());
   const auto enabled = [&] {
     std::string text;
-    for (const int number : numbers) {
-      if (getEnabled(control(number))) text += std::to_string(number) + " ";
+    for (const RuleNumbers& rule : rules) {
+      std::size_t on = 0;
+      for (const int number : rule.numbers) on += getEnabled(control(number)) ? 1U : 0U;
+      EXPECT_TRUE(on == 0 || on == rule.numbers.size()) << rule.name;
+      if (on > 0) text += std::string(rule.name) + " ";
+    }
+    for (int number = 1000; number < 1130; ++number) {
+      if (!withRule.contains(number)) {
+        EXPECT_TRUE(getEnabled(control(number))) << number;
+      }
     }
     return text;
   };
@@ -164,17 +193,17 @@ TEST_F(Ribbon, EnabledByTheSelection) {
   };
   // A selection of shapes has the slide in view as its slides.
   const Case cases[] = {
-      {{}, "1093 1098 1102 1105 "},
-      {{"A"}, "1070 1071 1085 1093 1098 1102 1105 "},
-      {{"Picture"}, "1070 1071 1093 1098 1102 1105 "},
-      {{"A", "M"}, "1032 1070 1071 1075 1085 1093 1098 1102 1105 "},
-      {{"A", "Picture"}, "1032 1070 1071 1075 1093 1098 1102 1105 "},
-      {{"P", "P90"}, "1032 1070 1071 1073 1075 1085 1093 1098 1102 1105 "},
-      {{"P", "A"}, "1032 1070 1071 1075 1085 1093 1098 1102 1105 "},
-      {{"R"}, "1070 1071 1077 1078 1085 1093 1098 1102 1105 "},
-      {{"R", "R2"}, "1032 1070 1071 1075 1077 1078 1080 1085 1093 1098 1102 1105 "},
-      {{"U"}, "1070 1071 1076 1085 1093 1098 1102 1105 "},
-      {{"A", "M", "U"}, "1032 1070 1071 1085 1093 1098 1102 1105 "},
+      {{}, "some slides window "},
+      {{"A"}, "one text some slides window "},
+      {{"Picture"}, "one some slides window "},
+      {{"A", "M"}, "one two exactly2 text some slides window "},
+      {{"A", "Picture"}, "one two exactly2 some slides window "},
+      {{"P", "P90"}, "one two exactly2 pentagons2 text some slides window "},
+      {{"P", "A"}, "one two exactly2 text some slides window "},
+      {{"R"}, "one rounded text some slides window "},
+      {{"R", "R2"}, "one two exactly2 rounded rounded2 text some slides window "},
+      {{"U"}, "one arrows text some slides window "},
+      {{"A", "M", "U"}, "one two text some slides window "},
   };
   for (const Case& c : cases) {
     select(c.shapes);
@@ -188,8 +217,24 @@ TEST_F(Ribbon, EnabledByTheSelection) {
   host->application().ActiveWindow().Close();
   events->checkSelection();
   EXPECT_EQ(enabled(), "");
-  for (const int number : {1002, 1018, 1031, 1035, 1118, 2001})
-    EXPECT_TRUE(getEnabled(control(number))) << number;
+  for (const int number : {2001, 32767}) EXPECT_TRUE(getEnabled(control(number))) << number;
+}
+
+TEST_F(Ribbon, EachLanguageButtonSetsItsOwn) {
+  core::setRegistry("languages", "1036;1031;1040", "");
+  open();
+  select({"A"});
+  for (const auto& [number, language] : {std::pair(1093, 1036), {1094, 1031}, {1095, 1040}}) {
+    onAction(control(number));
+    EXPECT_EQ(shape("A").TextFrame().TextRange().LanguageID(), language) << number;
+  }
+  EXPECT_EQ(failures.take(), Texts{});
+}
+
+// The menu of notices counts no usage.
+TEST_F(Ribbon, TheCopyrightMenuCountsNothing) {
+  copyright_onAction(control("copyright_2", "2"));
+  EXPECT_EQ(counters(), "");
 }
 
 TEST_F(Ribbon, LanguageButtonsAndStyles) {

@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "base/conversions.h"
+#include "base/text.h"
 #include "core/registry.h"
 #include "tools/stage.h"
 
@@ -78,13 +79,25 @@ TEST_F(SlideTools, SelectedSlidesBecomeAPresentation) {
   start();
   host->selectSlides(std::vector<std::int32_t>{3, 1});
   tools.saveSelectedSlides();  // and thought better of it
-  const std::string extract = folder.path("tmp/zorp20260131090507.pptx");
-  EXPECT_TRUE(std::filesystem::exists(extract));
+  const std::string extract = platform::toSystem(base::split(extracts(), ';').at(0));
+  EXPECT_TRUE(extract.starts_with(folder.path("tmp/vellumark-")) && std::filesystem::exists(extract))
+      << extract;
   EXPECT_EQ(application().Presentations().Count(), 1);
   EXPECT_TRUE(extracts().ends_with("zorp20260131090507.pptx;")) << extracts();
   EXPECT_EQ(asked_.title, "Save selected slides as new presentation");
   EXPECT_EQ(asked_.initialFileName, presentation.Path() + "\\");
   EXPECT_FALSE(events_.noTempFolderWarning);
+
+  presentation.SaveAs(folder.path("mine.pptx"));
+  const std::string mine = test::readFile(folder.path("mine.pptx"));
+  std::filesystem::create_symlink(folder.path("mine.pptx"), folder.path("link.pptx"));
+  for (const char* own : {"mine.pptx", "link.pptx"}) {
+    chosen_ = folder.path(own);
+    tools.saveSelectedSlides();
+    EXPECT_EQ(told(), Texts{product + "[critical] The selected slides can't be saved as '" + *chosen_ +
+                            "', because that presentation is open.\r\nPlease choose another file."});
+  }
+  EXPECT_EQ(test::readFile(folder.path("mine.pptx")), mine);
 
   chosen_ = folder.write("chosen.pptx", "in the way");
   tools.saveSelectedSlides();
@@ -125,8 +138,12 @@ TEST_F(SlideTools, SelectedSlidesGoIntoAMail) {
     for (int i = 0; i < 500 && !std::filesystem::exists(out); ++i) {
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
-    const std::string attachment = folder.path("cache") + "/vellumark/attachments/" + c.name;
-    EXPECT_EQ(test::readFile(out), "--utf8\n--subject\n" + c.name + "\n--attach\n" + attachment + "\n");
+    const Texts words = base::split(test::readFile(out), '\n');
+    ASSERT_EQ(words.size(), 6U);  // one behind the last line's end
+    EXPECT_EQ(Texts(words.begin(), words.begin() + 4), (Texts{"--utf8", "--subject", c.name, "--attach"}));
+    const std::string& attachment = words[4];
+    EXPECT_TRUE(attachment.starts_with(folder.path("cache") + "/vellumark/attachments/")) << attachment;
+    EXPECT_TRUE(attachment.ends_with("/" + c.name)) << attachment;
     std::filesystem::remove(out);
     if (c.version[0] == '1') {
       const host::Presentation mailed = application().Presentations().Open(attachment, true, false, false);

@@ -37,7 +37,7 @@ class Everything : public Form {
     picture.canvas().line(0, 16, 32, 16, rgb(255, 255, 255), 2);
     picture.canvas().text(12, 2, "A", 10, rgb(255, 255, 255), true);
     bar.value(40);
-    layout(column({row({Box(picture), Box(paragraph).stretch()}),
+    layout(column({row({layers({Box(picture), Box(board)}), Box(paragraph).stretch()}),
                    grid(2, {Box(nameLabel), Box(name).stretch(), Box(sizeLabel), Box(sizes).stretch(),
                             Box(typedLabel), Box(typed).stretch()}),
                    row({Box(amount), Box(spinner), Box(check), Box(color)}), Box(notes), Box(rule),
@@ -67,6 +67,21 @@ class Everything : public Form {
     link.onClick = [this] { log.push_back("link"); };
     onClick = [this] { log.push_back("background"); };
     timer.onTimer = [this] { ++ticks; };
+    board.canvas().copy(8, 4, picture.canvas());
+    board.visible(false);
+    board.tag("later");
+    board.handCursor(true);
+    const auto note = [this](const char* event) {
+      return [this, event](int button, int shift, double x, double y) {
+        log.push_back(std::string(event) + " " + std::to_string(button) + "," + std::to_string(shift) +
+                      " at " + std::to_string(static_cast<int>(x)) + "," +
+                      std::to_string(static_cast<int>(y)));
+      };
+    };
+    board.onMouseDown = note("down");
+    board.onMouseMove = note("move");
+    board.onMouseUp = note("up");
+    board.onClick = [this] { log.push_back("board"); };
     btnOK.onClick = [this] {
       log.push_back("OK");
       unload();
@@ -78,6 +93,7 @@ class Everything : public Form {
   }
 
   PictureBox picture{*this, "picture", 32, 32};
+  PictureBox board{*this, "board", 60, 40};
   Label paragraph{*this, "paragraph",
                   "A longer text that doesn't fit on one line, so that it is wrapped at forty characters."};
   Label nameLabel{*this, "nameLabel", "&Name"};
@@ -105,6 +121,25 @@ class Everything : public Form {
   CommandButton btnCancel{*this, "btnCancel", "&Cancel"};
   Log log;
   int ticks = 0;
+};
+
+/// Closes itself with the second tick of its timer, and has gone with it.
+class Passing : public Form {
+ public:
+  Passing() : Form("Passing", "Goes by itself") {
+    bare(true);
+    layout(column({Box(text)}));
+    timer.enabled(true);
+    timer.onTimer = [this] {
+      if (++ticks < 2) return;
+      unload();
+      gone = true;
+    };
+  }
+  Label text{*this, "text", "A moment"};
+  Timer timer{*this, "timer", 10};
+  int ticks = 0;
+  bool gone = false;
 };
 
 }  // namespace vellumark::ui

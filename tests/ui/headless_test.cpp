@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "base/error.h"
+#include "ui/everything_form.h"
 #include "ui/headless/headless_toolkit.h"
+#include "ui/keys.h"
 
 namespace vellumark::ui {
 namespace {
@@ -20,6 +22,18 @@ class MarginForm : public Form {
     tree.add("k1", "k2", "Second");
     locked.locked(true);
     disabled.enabled(false);
+    onKeyDown = [this](int key, int) {
+      keys += std::to_string(key) + " ";
+      if (key == keys::escape) unload();
+    };
+    onKeyPress = [this](char32_t& key) {
+      keys += static_cast<char>(key);
+      if (key == U'-') key = 0;
+    };
+    picture.onMouseDown = [this](int button, int, double x, double y) {
+      keys += "[" + std::to_string(button) + " " + std::to_string(static_cast<int>(x + y)) + "]";
+    };
+    timer.onTimer = [this] { keys += "."; };
   }
   ControlArray<TextBox, 2> tbM{*this, "tbM"};
   CheckBox check{*this, "check", "Check"};
@@ -30,7 +44,10 @@ class MarginForm : public Form {
   TextBox locked{*this, "locked"};
   TextBox disabled{*this, "disabled"};
   Label link{*this, "link", "Help"};
+  PictureBox picture{*this, "picture", 20, 20};
+  Timer timer{*this, "timer", 100};
   CommandButton btnOK{*this, "btnOK", "OK"};
+  std::string keys;
 };
 
 class Headless : public ::testing::Test {
@@ -81,6 +98,48 @@ TEST_F(Headless, ScriptsActAsUsersDo) {
   EXPECT_TRUE(toolkit.unused().empty());
 }
 
+TEST_F(Headless, KeysAndMouseAndTimeComeFromScripts) {
+  MarginForm form;
+  form.timer.enabled(true);
+  toolkit.pass(1000);  // the form isn't loaded
+  toolkit.addDialog(
+      "MarginForm: form!type=a-B; picture!click=3,4; form!wait=250; picture!rightclick=1,1; form!press=F2; "
+      "form!press=escape");
+  form.showModal();
+  EXPECT_EQ(form.keys, "65 a-66 B[1 7]..[2 2]113 27 ");
+  EXPECT_EQ(form.tbM[0].text(), "aB");
+  toolkit.pass(1000);
+  EXPECT_EQ(form.keys.back(), ' ') << "a timer ticks behind its form";
+}
+
+TEST_F(Headless, TimersTickInTheOrderOfTime) {
+  Form form("Timed", "");
+  Timer slow(form, "slow", 30);
+  Timer fast(form, "fast", 20);
+  std::string ticks;
+  slow.onTimer = [&] { ticks += 's'; };
+  fast.onTimer = [&] {
+    ticks += 'f';
+    if (ticks.size() > 4) fast.interval(5);
+  };
+  for (Timer* timer : {&slow, &fast}) timer->enabled(true);
+  form.load();
+  toolkit.pass(60);
+  EXPECT_EQ(ticks, "fsfsf");
+  toolkit.pass(9);
+  fast.interval(5);  // the same one leaves the beat alone
+  toolkit.pass(1);
+  slow.enabled(false);
+  toolkit.pass(20);
+  EXPECT_EQ(ticks, "fsfsfffffff");
+
+  Passing passing;
+  passing.showModeless();
+  toolkit.pass(1000);
+  EXPECT_TRUE(passing.gone && !passing.loaded());
+  EXPECT_EQ(passing.ticks, 2);
+}
+
 TEST_F(Headless, WhatCannotBeDoneIsOneClearLine) {
   const struct {
     const char* script;
@@ -101,6 +160,11 @@ TEST_F(Headless, WhatCannotBeDoneIsOneClearLine) {
       {"MarginForm", "names no form"},
       {"MarginForm: tbM(0)='x; btnOK", "not closed"},
       {"MarginForm: =3", "names no control"},
+      {"MarginForm: picture!click=3", "no place"},
+      {"MarginForm: check!click=3,4", "only pictures"},
+      {"MarginForm: form!press=Any", "there is no key 'Any'"},
+      {"MarginForm: form!wait=soon", "no whole number"},
+      {"MarginForm: form!jump", "knows no act 'jump'"},
   };
   for (const auto& [script, says] : cases) {
     toolkit = HeadlessToolkit();

@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDateTime>
 #include <QDialog>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -14,6 +16,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -24,6 +27,7 @@
 
 #include "base/error.h"
 #include "ui/everything_form.h"
+#include "ui/keys.h"
 #include "ui/pages_form.h"
 #include "ui/qt/canvas_painter.h"
 #include "ui/qt/qt_toolkit.h"
@@ -87,7 +91,8 @@ TEST_F(QtTest, CutsNothing) {
     for (const Control* control : form.controls()) {
       if (dynamic_cast<const Timer*>(control)) continue;
       const auto& widget = of<QWidget>(*control);
-      EXPECT_TRUE(widget.isVisible() && window_->rect().contains(widget.geometry())) << control->name();
+      EXPECT_TRUE(widget.isVisible() == control->visible() && window_->rect().contains(widget.geometry()))
+          << control->name();
     }
     for (const Label* label : {&form.paragraph, &form.nameLabel, &form.sizeLabel, &form.link}) {
       const auto& widget = of<QLabel>(*label);
@@ -136,16 +141,70 @@ TEST_F(QtTest, PagesComeToTheFront) {
 TEST_F(QtTest, TimersOfFormsThatAreNeverShownTick) {
   Everything form;
   form.load();
-  toolkit().runHidden(form);
   form.timer.enabled(true);
   for (int i = 0; i < 200 && form.ticks == 0; ++i) QTest::qWait(5);
   EXPECT_GT(form.ticks, 0);
   EXPECT_FALSE(form.visible());
   form.unload();
-  EXPECT_EQ(form.view(), nullptr);
   const int before = form.ticks;
   QTest::qWait(5);
   EXPECT_EQ(form.ticks, before);
+}
+
+TEST_F(QtTest, AFormClosesByItsOwnTimer) {
+  Passing form;
+  form.showModeless();
+  EXPECT_TRUE(QApplication::topLevelWidgets().back()->windowFlags().testFlag(Qt::FramelessWindowHint));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return form.gone; }, 2000));
+  EXPECT_FALSE(form.loaded());
+  form.ticks = 0;
+  form.showModal();
+  EXPECT_EQ(form.ticks, 2);
+}
+
+TEST_F(QtTest, TheFormSeesKeysFirst) {
+  Everything form;
+  form.onKeyDown = [&](int key, int shift) {
+    form.log.push_back("key " + std::to_string(key) + "," + std::to_string(shift));
+    if (key == keys::f1) form.unload();
+  };
+  form.onKeyPress = [&](char32_t& key) {
+    if (key == U'x') key = 0;
+  };
+  show(form, [&] {
+    type("axb");
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(focused(), "btnCancel");
+    EXPECT_EQ(form.log, (Log{"key 65,0", "name=a", "key 88,0", "key 66,0", "name=ab", "key 9,1"}));
+    press(Qt::Key_F1);
+    EXPECT_FALSE(form.loaded());
+  });
+
+  Form empty("Empty", "Nothing takes the focus");
+  Label label(empty, "label", "Text");
+  empty.layout(column({Box(label)}));
+  std::string typed;
+  empty.onKeyPress = [&](char32_t& key) { typed += static_cast<char>(key); };
+  show(empty, [&] { QTest::keyClicks(window_, "ab"); });
+  EXPECT_EQ(typed, "ab");
+}
+
+TEST_F(QtTest, PicturesTellWhereTheMouseIs) {
+  Everything form;
+  show(form, [&] {
+    form.board.visible(true);
+    QTest::qWait(1);
+    auto& board = of<QWidget>(form.board);
+    EXPECT_TRUE(board.isVisible() && board.cursor().shape() == Qt::PointingHandCursor);
+    QTest::mouseMove(&board, {5, 6});
+    QTest::qWait(1);
+    EXPECT_EQ(form.log, Log{"move 0,0 at 5,6"});
+    form.log.clear();
+    click(form.board, {59, 39});
+    QTest::mouseClick(&board, Qt::RightButton, Qt::ControlModifier, {3, 4});
+    EXPECT_EQ(form.log,
+              (Log{"down 1,0 at 59,39", "up 1,0 at 59,39", "board", "down 2,2 at 3,4", "up 2,2 at 3,4"}));
+  });
 }
 
 TEST_F(QtTest, TypingRaisesChangeAndTheProgramsChangesShow) {
@@ -503,6 +562,32 @@ TEST_F(QtTest, CanvasPixels) {
   EXPECT_EQ(image.pixelColor(10, 0).alpha(), 0);
   EXPECT_EQ(image.pixelColor(3, 8), QColor(0, 128, 0));
   EXPECT_EQ(image.pixelColor(3, 7).alpha(), 0);
+
+  // Two pixels as blocks without a soft edge; a copy ends where its canvas does.
+  Canvas other(30, 30);
+  other.pixels(0, 0, 6, 3, 2, {rgb(255, 0, 0), rgb(0, 255, 0)});
+  other.copy(10, 10, canvas);
+  canvas.clear();
+  const QImage blocks = renderCanvas(other);
+  EXPECT_EQ(blocks.pixelColor(2, 2), QColor(255, 0, 0));
+  EXPECT_EQ(blocks.pixelColor(3, 0), QColor(0, 255, 0));
+  EXPECT_EQ(blocks.pixelColor(6, 0).alpha(), 0);
+  EXPECT_EQ(blocks.pixelColor(14, 14), QColor(255, 0, 0));
+
+  const QTemporaryDir folder;
+  const QString file = folder.filePath("one.png");
+  QImage one(1, 1, QImage::Format_RGB32);
+  for (const QColor color : {QColor(1, 2, 3), QColor(4, 5, 6)}) {
+    one.fill(color);
+    one.save(file);
+    QFile changed(file);
+    EXPECT_TRUE(changed.open(QIODevice::ReadWrite) &&
+                changed.setFileTime(QDateTime::currentDateTime().addSecs(color.red()),
+                                    QFileDevice::FileModificationTime));
+    Canvas shows(2, 2);
+    shows.image(0, 0, 2, 2, file.toStdString());
+    EXPECT_EQ(renderCanvas(shows).pixelColor(1, 1), color);
+  }
 }
 
 }  // namespace

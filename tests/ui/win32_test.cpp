@@ -7,6 +7,7 @@
 #include "base/error.h"
 #include "platform/paths.h"
 #include "ui/everything_form.h"
+#include "ui/keys.h"
 #include "ui/pages_form.h"
 #include "ui/win32/conversions.h"
 #include "ui/win32/system.h"
@@ -185,14 +186,14 @@ TEST_F(Win32Test, CutsNothing) {
     for (const Control* control : form.controls()) {
       HWND window = of(*control);
       if (dynamic_cast<const Timer*>(control)) continue;
-      ASSERT_TRUE(window && IsWindowVisible(window)) << control->name();
+      ASSERT_TRUE(window && (IsWindowVisible(window) != FALSE) == control->visible()) << control->name();
       RECT place = {};
       GetWindowRect(window, &place);
       MapWindowPoints(nullptr, window_, reinterpret_cast<POINT*>(&place), 2);
       EXPECT_TRUE(place.left >= 0 && place.top >= 0 && place.right <= area.right &&
                   place.bottom <= area.bottom)
           << control->name();
-      if (control == &form.frame) continue;
+      if (control == &form.frame || control == &form.board) continue;
       for (const auto& [name, other] : places) {
         RECT common = {};
         EXPECT_FALSE(IntersectRect(&common, &place, &other)) << control->name() << " lies on " << name;
@@ -550,14 +551,15 @@ TEST_F(Win32Test, FormsWithoutWaitingLiveOnTheHostsLoop) {
   {
     Everything hidden;
     hidden.load();
-    toolkit().runHidden(hidden);
     hidden.timer.enabled(true);
     wait([&] { return hidden.ticks > 0; });
     EXPECT_GT(hidden.ticks, 0) << "a form that is never shown";
     EXPECT_FALSE(hidden.visible());
     hidden.unload();
-    EXPECT_EQ(hidden.view(), nullptr);
+    const int before = hidden.ticks;
+    Sleep(30);
     pump();
+    EXPECT_EQ(hidden.ticks, before);
   }
   EXPECT_TRUE(formWindows().empty());
 
@@ -572,6 +574,73 @@ TEST_F(Win32Test, FormsWithoutWaitingLiveOnTheHostsLoop) {
   click(closes.btnOK);
   EXPECT_FALSE(closes.visible());
   EXPECT_TRUE(formWindows().empty());
+}
+
+TEST_F(Win32Test, AFormClosesByItsOwnTimer) {
+  Passing form;
+  form.showModeless();
+  EXPECT_EQ(GetWindowLongW(formWindows().at(0), GWL_STYLE) & WS_DLGFRAME, 0);
+  // What comes up now may stay longer than the form does.
+  form.timer.onTimer = [&, tick = form.timer.onTimer] {
+    tick();
+    if (form.gone) PostMessageW(boxOf(L"T"), WM_COMMAND, IDOK, 0);
+  };
+  later([&] { EXPECT_EQ(GetWindow(boxOf(L"T"), GW_OWNER), host_); });
+  EXPECT_EQ(messageBox("text", Icon::none, Buttons::ok, "T"), Answer::ok);
+  EXPECT_TRUE(form.gone && !form.loaded());
+  pump();
+  EXPECT_TRUE(formWindows().empty());
+  form.gone = false;
+  form.ticks = 0;
+  form.showModal();
+  EXPECT_TRUE(form.gone);
+}
+
+TEST_F(Win32Test, TheFormSeesKeysFirst) {
+  Everything form;
+  form.onKeyDown = [&](int key, int shift) {
+    form.log.push_back("key " + std::to_string(key) + "," + std::to_string(shift));
+    if (key == keys::f1) form.unload();
+  };
+  form.onKeyPress = [&](char32_t& key) {
+    if (key == U'x') key = 0;
+  };
+  show(form, [&] {
+    type("axb");
+    press(VK_TAB, true);
+    EXPECT_EQ(form.log, (Log{"name=a", "name=ab", "key 9,1"}));
+    press(VK_F1);
+    EXPECT_FALSE(form.loaded());
+  });
+
+  Form empty("Empty", "Nothing takes the focus");
+  Label label(empty, "label", "Text");
+  empty.layout(column({Box(label)}));
+  std::string typed;
+  empty.onKeyPress = [&](char32_t& key) { typed += static_cast<char>(key); };
+  show(empty, [&] { type("ab"); });
+  EXPECT_EQ(typed, "ab");
+}
+
+TEST_F(Win32Test, PicturesTellWhereTheMouseIs) {
+  Everything form;
+  show(form, [&] {
+    form.board.visible(true);
+    pump();
+    RECT area = {};
+    GetClientRect(of(form.board), &area);
+    const double scale = area.right / 60.0;
+    click(form.board, static_cast<int>(59 * scale), static_cast<int>(39 * scale));
+    send(form.board, WM_RBUTTONDOWN, MK_RBUTTON, MAKELPARAM(3 * scale, 4 * scale));
+    send(form.board, WM_MOUSEMOVE, 0, MAKELPARAM(5 * scale, 6 * scale));
+    EXPECT_EQ(form.log,
+              (Log{"down 1,0 at 59,39", "up 1,0 at 59,39", "board", "down 2,0 at 3,4", "move 0,0 at 5,6"}));
+    POINT inside = {5, 5};
+    ClientToScreen(of(form.board), &inside);
+    ScreenToClient(window_, &inside);
+    EXPECT_EQ(ChildWindowFromPointEx(window_, inside, CWP_SKIPINVISIBLE), of(form.board))
+        << "lies on the other";
+  });
 }
 
 TEST_F(Win32Test, MessageBoxes) {
@@ -637,6 +706,86 @@ TEST(Win32ToolkitTest, LeavesNothingBehind) {
     known.cbSize = sizeof known;
     EXPECT_FALSE(GetClassInfoExW(GetModuleHandleW(nullptr), FormClass::name, &known));
   }
+}
+
+/// A window of one colour that counts the clicks which reach it; and the mouse.
+class OtherWindow {
+ public:
+  OtherWindow() {
+    clicks_ = 0;
+    WNDCLASSW kind = {};
+    kind.lpfnWndProc = [](HWND window, UINT code, WPARAM wParam, LPARAM lParam) -> LRESULT {
+      clicks_ += code == WM_LBUTTONDOWN || code == WM_RBUTTONDOWN;
+      return DefWindowProcW(window, code, wParam, lParam);
+    };
+    kind.hbrBackground = brush_;
+    kind.lpszClassName = name;
+    RegisterClassW(&kind);
+    window_ = CreateWindowExW(WS_EX_TOPMOST, name, L"", WS_POPUP | WS_VISIBLE, 400, 300, 200, 150, nullptr,
+                              nullptr, nullptr, nullptr);
+    UpdateWindow(window_);
+  }
+  ~OtherWindow() {
+    DestroyWindow(window_);
+    UnregisterClassW(name, nullptr);
+    DeleteObject(brush_);
+  }
+  OtherWindow(const OtherWindow&) = delete;
+  OtherWindow& operator=(const OtherWindow&) = delete;
+
+  /// Clicks at a place of the screen; the clicks that the window got of it.
+  static int click(Point place, DWORD down = MOUSEEVENTF_LEFTDOWN, DWORD up = MOUSEEVENTF_LEFTUP) {
+    clicks_ = 0;
+    SetCursorPos(place.x, place.y);
+    for (const DWORD event : {down, up}) {
+      INPUT input = {};
+      input.type = INPUT_MOUSE;
+      input.mi.dwFlags = event;
+      SendInput(1, &input, sizeof input);
+      wait();
+    }
+    return clicks_;
+  }
+  static void wait() {
+    for (int i = 0; i < 10; ++i) {
+      toolkit().processEvents();
+      Sleep(10);
+    }
+  }
+
+ private:
+  static constexpr const wchar_t* name = L"VellumarkOther";
+  static inline int clicks_ = 0;
+  HBRUSH brush_ = CreateSolidBrush(rgb(0x33, 0x66, 0x99));
+  HWND window_ = nullptr;
+};
+
+TEST_F(Win32Test, AHookKeepsClicksFromOtherWindowsAndTheScreenTellsTheirColors) {
+  const OtherWindow other;
+  OtherWindow::wait();
+  Screen& screen = *toolkit_.wholeScreen();
+  const Point place{450, 350};
+  EXPECT_EQ(screen.pixel(place), rgb(0x33, 0x66, 0x99));
+  EXPECT_EQ(screen.copy({place.x, place.y, 2, 3}), std::vector<Color>(6, rgb(0x33, 0x66, 0x99)));
+  EXPECT_EQ(screen.size(), (Size{GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}));
+  EXPECT_EQ(OtherWindow::click(place), 1);
+  EXPECT_EQ(screen.cursor(), place);
+
+  std::vector<std::uint32_t> seen;
+  MouseAnswer answer = MouseAnswer::swallow;
+  auto hook = screen.hookMouse([&](int, std::uint32_t message) {
+    if (message != leftButtonDown && message != rightButtonDown) return MouseAnswer::passOn;
+    seen.push_back(message);
+    return answer;
+  });
+  EXPECT_EQ(OtherWindow::click(place), 0);
+  EXPECT_EQ(OtherWindow::click(place, MOUSEEVENTF_RIGHTDOWN, MOUSEEVENTF_RIGHTUP), 0);
+  EXPECT_EQ(seen, (std::vector{leftButtonDown, rightButtonDown}));
+  answer = MouseAnswer::passOn;
+  EXPECT_EQ(OtherWindow::click(place), 1);
+  hook.reset();
+  EXPECT_EQ(OtherWindow::click(place), 1);
+  EXPECT_EQ(seen.size(), 3u);
 }
 
 }  // namespace

@@ -139,6 +139,8 @@ TEST_F(SameResults, ElementsOfTheGalleries) {
   builder.save(deck);
   for (const char* element : {"Text and tables/Tables/1", "Diagrams/Processes/Cycle of four"}) {
     EXPECT_TRUE(compare(element, deck, {"--style", "Vellumark Grey Wide"}, "insert").written);
+    EXPECT_TRUE(
+        compare(element, deck, {"--style", "Vellumark Grey Wide", "--host", "11.0"}, "insert").written);
   }
   EXPECT_EQ(compare("Diagrams/Processes/Ring", deck, {}, "insert").here.status, 2);
 }

@@ -1,11 +1,16 @@
-// Draws the ribbon's icons from their source, icons.txt beside this file, as PNG files of 32 and 16 pixels:
+// Draws icons from their source, a file like icons.txt beside this one, as PNG files:
 //
-//   draw_icons icons.txt FOLDER [SHEET.png]
+//   draw_icons SOURCE FOLDER [SHEET.png]
 //
 // writes NAME.png (32 pixels) and NAME_16.png for each icon, and with a third argument all of them on one
 // sheet.
 //
-//   draw_icons --check icons.txt FOLDER
+//   draw_icons --masked SOURCE FOLDER
+//
+// writes NAME.png (16 pixels, black where nothing is drawn) and NAME_mask.png (white there, black elsewhere),
+// which is how toolbars before the ribbon take pictures.
+//
+//   draw_icons [--masked] --check SOURCE FOLDER
 //
 // tells whether the files in the folder are what the source draws.
 
@@ -22,6 +27,8 @@
 #include <stdexcept>
 #include <utility>
 #include <vector>
+
+#include "same_picture.h"
 
 namespace {
 
@@ -185,58 +192,59 @@ void save(const QImage& image, const QString& path) {
   if (!image.save(path, "PNG")) throw std::runtime_error(path.toStdString() + " can't be written");
 }
 
-/// Whether a file shows the same: versions of the drawing engine may differ by a shade at the edges.
-bool shows(const QString& path, const QImage& image) {
-  const QImage file = QImage(path).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-  const QImage wanted = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-  if (file.size() != wanted.size()) return false;
-  constexpr double tolerance = 3;  // of 255, on average
-  double difference = 0;
-  for (int y = 0; y < wanted.height(); ++y) {
-    const uchar* a = file.constScanLine(y);
-    const uchar* b = wanted.constScanLine(y);
-    for (int i = 0; i < 4 * wanted.width(); ++i) difference += std::abs(a[i] - b[i]);
-  }
-  return difference <= tolerance * 4 * wanted.width() * wanted.height();
-}
+/// A file of an icon by its name in the folder.
+struct IconFile {
+  QString name;
+  QImage image;
+};
 
-void check(const std::vector<Icon>& icons, const QString& folder) {
-  for (const Icon& icon : icons) {
-    for (const auto& [ending, size] : {std::pair(".png", 32), std::pair("_16.png", 16)}) {
-      const QString path = folder + u'/' + icon.name + QLatin1String(ending);
-      if (!shows(path, draw(icon, size))) {
-        throw std::runtime_error(path.toStdString() + " shows something else; draw it anew");
-      }
+/// The icon on black or as a mask, after whether a pixel is at least half covered.
+std::vector<IconFile> maskedFiles(const Icon& icon) {
+  const QImage drawn = draw(icon, 16);
+  QImage picture(drawn.size(), QImage::Format_RGB32), mask(drawn.size(), QImage::Format_RGB32);
+  constexpr int half = 128;
+  for (int y = 0; y < drawn.height(); ++y) {
+    for (int x = 0; x < drawn.width(); ++x) {
+      const QColor pixel = drawn.pixelColor(x, y);
+      const bool shows = pixel.alpha() >= half;
+      picture.setPixelColor(x, y, shows ? QColor(pixel.rgb()) : QColor(Qt::black));
+      mask.setPixelColor(x, y, shows ? Qt::black : Qt::white);
     }
   }
+  return {{icon.name + QStringLiteral(".png"), picture}, {icon.name + QStringLiteral("_mask.png"), mask}};
 }
+
+std::vector<IconFile> filesOf(const Icon& icon, bool masked) {
+  if (masked) return maskedFiles(icon);
+  return {{icon.name + QStringLiteral(".png"), draw(icon, 32)},
+          {icon.name + QStringLiteral("_16.png"), draw(icon, 16)}};
+}
+
+void check(const IconFile& file, const QString& folder) { requireSame(folder + u'/' + file.name, file.image); }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QGuiApplication application(argc, argv);
-  const bool checking = argc == 4 && QString::fromLocal8Bit(argv[1]) == u"--check";
-  if (argc < 3) {
-    std::fputs("usage: draw_icons icons.txt FOLDER [SHEET.png]\n       draw_icons --check icons.txt FOLDER\n",
-               stderr);
+  QStringList arguments = QGuiApplication::arguments().mid(1);
+  const bool masked = arguments.removeAll(QStringLiteral("--masked")) > 0;
+  const bool checking = arguments.removeAll(QStringLiteral("--check")) > 0;
+  if (arguments.size() < 2) {
+    std::fputs("usage: draw_icons [--masked] [--check] SOURCE FOLDER [SHEET.png]\n", stderr);
     return 2;
   }
-  const char* source = argv[checking ? 2 : 1];
+  const QString& source = arguments[0];
   try {
-    const std::vector<Icon> icons = read(QString::fromLocal8Bit(source));
-    const QString folder = QString::fromLocal8Bit(argv[checking ? 3 : 2]);
-    if (checking) {
-      check(icons, folder);
-      return 0;
-    }
+    const std::vector<Icon> icons = read(source);
     for (const Icon& icon : icons) {
-      save(draw(icon, 32), folder + u'/' + icon.name + QStringLiteral(".png"));
-      save(draw(icon, 16), folder + u'/' + icon.name + QStringLiteral("_16.png"));
+      for (const IconFile& file : filesOf(icon, masked)) {
+        checking ? check(file, arguments[1]) : save(file.image, arguments[1] + u'/' + file.name);
+      }
     }
-    if (argc > 3) save(sheetOf(icons), QString::fromLocal8Bit(argv[3]));
+    if (!checking && arguments.size() > 2) save(sheetOf(icons), arguments[2]);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s: %s\n", source, error.what());
+    std::fprintf(stderr, "%s: %s\n", source.toLocal8Bit().constData(), error.what());
     return 1;
   }
   return 0;

@@ -1,6 +1,7 @@
 #include "deck/model/document.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <string_view>
 
@@ -9,6 +10,7 @@
 #include "deck/model/references.h"
 #include "deck/model/xml_order.h"
 #include "deck/package/namespaces.h"
+#include "platform/path_lock.h"
 #include "platform/paths.h"
 
 namespace vellumark::deck {
@@ -57,6 +59,7 @@ void dropFromExtensions(Part& part, pugi::xml_node presentation, std::int32_t id
 
 DocumentRef Document::open(const std::string& path, bool readOnly, bool untitled) {
   const DocumentRef document(new Document);
+  document->written_ = platform::fileState(path);
   document->package_ = Package::open(path);
   document->presentation_ = document->package_->requiredRoot("officeDocument");
   const PartRef& main = document->presentation_;
@@ -125,16 +128,30 @@ void Document::save() {
     throw FormatError(name(), "was never saved and has no file yet: save it under a path first");
   }
   if (readOnly_) throw FormatError(path_, "was opened read-only: save it under another path");
-  dropLoose();
-  package_->save(path_);
-  saved_ = true;
+  write(path_);
 }
 
 void Document::saveAs(const std::string& path) {
-  dropLoose();
-  package_->save(path);
+  write(path);
   path_ = absolutePath(path);
   readOnly_ = false;
+}
+
+/// Other programs that save there wait meanwhile. What one of them wrote into the presentation's own file is
+/// never lost.
+void Document::write(const std::string& path) {
+  constexpr std::chrono::seconds patience(30);
+  const platform::PathLock lock(path, patience);
+  if (!lock.held()) throw FormatError(path, "is being written by another program: try again");
+  const auto now = platform::fileState(path);
+  if (written_ && now && !path_.empty() && platform::isSameFile(path, path_) && *now != *written_) {
+    throw FormatError(path,
+                      "was changed by another program after it was opened, and stays as it is now: open it "
+                      "again, or save under another path");
+  }
+  dropLoose();
+  package_->save(path);
+  written_ = platform::fileState(path);
   saved_ = true;
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <pugixml.hpp>
 #include <set>
 #include <string>
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "deck/package/package.h"
+#include "platform/file_state.h"
 
 namespace vellumark::deck {
 
@@ -118,12 +120,14 @@ class Document : public std::enable_shared_from_this<Document> {
   Document() = default;
   std::int32_t nextSlideId();
   void dropLoose();
+  void write(const std::string& path);
   /// Lists a new slide in the section of the slide that it comes before, in the last one where there is none.
   void addToSection(std::int32_t id, std::int32_t before);
 
   std::unique_ptr<Package> package_;
   PartRef presentation_;
   std::string path_;
+  std::optional<platform::FileState> written_;  ///< of the file at that path when it was opened or saved
   std::string newName_;
   bool readOnly_ = false;
   bool saved_ = true;

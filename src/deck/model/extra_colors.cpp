@@ -1,5 +1,8 @@
 #include "deck/model/extra_colors.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "deck/model/color.h"
 #include "deck/model/member_table.h"
 #include "deck/model/xml_order.h"
@@ -9,7 +12,7 @@ namespace {
 
 constexpr const char* propertiesContentType =
     "application/vnd.openxmlformats-officedocument.presentationml.presProps+xml";
-constexpr std::size_t mostColors = 10;  // the file format keeps no more
+constexpr std::size_t mostColors = 8;
 
 class ExtraColorsObject : public ModelObject<ExtraColorsObject> {
  public:
@@ -31,21 +34,18 @@ class ExtraColorsObject : public ModelObject<ExtraColorsObject> {
 
   std::int32_t count() { return static_cast<std::int32_t>(colors().size()); }
   std::int32_t item(Arguments arguments) {
-    const auto all = colors();
-    const pugi::xml_node color = all[collectionIndex(arguments[0].toInt(), all.size())];
-    return colorFromHex(color.attribute("val").value());
+    const std::vector<std::int32_t> all = colors();
+    return all[collectionIndex(arguments[0].toInt(), all.size())];
   }
   void add(Arguments arguments) {
     const std::int32_t color = arguments[0].toInt();
     if (color < 0 || color > 0xFFFFFF) base::raise(base::errors::outOfRange);
+    const std::vector<std::int32_t> known = colors();
+    if (std::ranges::find(known, color) != known.end()) return;
     const PartRef part = properties(true);
     pugi::xml_node list = childInOrder(part->root(), "p:clrMru", {"p:extLst"});
-    const std::string hex = colorHex(color);
-    for (pugi::xml_node known : colors()) {
-      if (hex == known.attribute("val").value()) part->bury(known);
-    }
-    list.prepend_child("a:srgbClr").append_attribute("val").set_value(hex.c_str());
-    const auto all = colors();
+    list.prepend_child("a:srgbClr").append_attribute("val").set_value(colorHex(color).c_str());
+    const std::vector<pugi::xml_node> all = elements();
     for (std::size_t i = mostColors; i < all.size(); ++i) part->bury(all[i]);
     document_->touch(*part);
   }
@@ -58,14 +58,16 @@ class ExtraColorsObject : public ModelObject<ExtraColorsObject> {
   }
 
  private:
+  /// The part that holds them; nothing where there is none and none is to be made.
   PartRef properties(bool make) {
     Part& presentation = *document_->presentationPart();
-    if (const Relationship* relationship = presentation.firstRelationship("presProps")) {
-      return presentation.target(*relationship);
-    }
-    if (!make) return nullptr;
+    const Relationship* relationship = presentation.firstRelationship("presProps");
+    const PartRef known = relationship ? presentation.target(*relationship) : nullptr;
+    if (known || !make) return known;
+    // A relationship that leads nowhere gets its part.
     const PartRef part = document_->package().addXml(
-        "ppt/presProps.xml", propertiesContentType,
+        relationship && !relationship->external ? relationship->target : "ppt/presProps.xml",
+        propertiesContentType,
         R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
         R"(<p:presentationPr xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main")"
         R"( xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships")"
@@ -73,13 +75,25 @@ class ExtraColorsObject : public ModelObject<ExtraColorsObject> {
     presentation.relate(*part, "presProps");
     return part;
   }
-  std::vector<pugi::xml_node> colors() {
+  /// As the file has them: the last one first, and of later hosts up to ten.
+  std::vector<pugi::xml_node> elements() {
     std::vector<pugi::xml_node> found;
     if (const PartRef part = properties(false)) {
-      for (pugi::xml_node color : part->root().child("p:clrMru").children("a:srgbClr"))
-        found.push_back(color);
+      for (const pugi::xml_node color : part->root().child("p:clrMru").children()) {
+        if (color.type() == pugi::node_element) found.push_back(color);
+      }
     }
     return found;
+  }
+  std::vector<std::int32_t> colors() {
+    std::vector<pugi::xml_node> found = elements();
+    found.resize(std::min(found.size(), mostColors));
+    const std::vector<Sheet> masters = document_->masters();
+    const Sheet master = masters.empty() ? Sheet() : masters.front();
+    std::vector<std::int32_t> numbers;
+    for (const pugi::xml_node color : found) numbers.push_back(colorNumber(master, color));
+    std::ranges::reverse(numbers);
+    return numbers;
   }
   DocumentRef document_;
 };

@@ -4,12 +4,12 @@
 #include <string>
 #include <utility>
 
+#include "base/xml_storable.h"
 #include "deck/model/auto_size.h"
 #include "deck/model/color.h"
 #include "deck/model/color_format.h"
 #include "deck/model/locales.h"
 #include "deck/model/shape_node.h"
-#include "deck/model/text_characters.h"
 #include "deck/model/text_target.h"
 #include "deck/model/xml_order.h"
 #include "host/constants.h"
@@ -45,7 +45,7 @@ class FontObject : public TextTarget<FontObject> {
         .value_or(std::string());
   }
   void setName(const std::string& name) {
-    const std::string family = storableName(name);
+    const std::string family = base::xmlStorable(name);
     if (family.empty()) base::raise(base::errors::outOfRange);
     change([&](xml_node properties) {
       setAttribute(

@@ -1,6 +1,7 @@
 // Open presentations: the collection and each of its members.
 
 #include "base/text.h"
+#include "deck/embedded_host.h"
 #include "deck/model/extra_colors.h"
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
@@ -8,6 +9,7 @@
 #include "deck/model/units.h"
 #include "deck/model/windows.h"
 #include "deck/model/xml_order.h"
+#include "platform/file_state.h"
 #include "platform/paths.h"
 
 namespace vellumark::deck {
@@ -104,12 +106,20 @@ class PresentationObject : public ModelObject<PresentationObject> {
   void setSaved(bool saved) { document_->saved(saved); }
 
   void save() {
-    if (!cancelledBeforeSave()) document_->save();
+    raiseBeforeSave();
+    document_->save();
   }
   void saveAs(Arguments arguments) {
-    if (!cancelledBeforeSave()) document_->saveAs(platform::toSystem(arguments[0].toString()));
+    const std::string path = platform::toSystem(arguments[0].toString());
+    requireNotOpen(path, document_);
+    raiseBeforeSave();
+    document_->saveAs(path);
   }
-  void saveCopyAs(Arguments arguments) { document_->saveCopyAs(platform::toSystem(arguments[0].toString())); }
+  void saveCopyAs(Arguments arguments) {
+    const std::string path = platform::toSystem(arguments[0].toString());
+    requireNotOpen(path, nullptr);
+    document_->saveCopyAs(path);
+  }
 
   void close() {
     Value arguments[] = {Value(shared_from_this())};
@@ -127,10 +137,19 @@ class PresentationObject : public ModelObject<PresentationObject> {
   }
 
  private:
-  bool cancelledBeforeSave() {
+  /// A save that an event handler cancels is one that failed.
+  void raiseBeforeSave() {
     Value arguments[] = {Value(shared_from_this()), Value(false)};
     host()->raiseEvent(member::PresentationBeforeSave, arguments);
-    return arguments[1].toBool();
+    if (arguments[1].toBool()) base::raise(base::errors::unspecific, saveCancelled);
+  }
+  /// Nothing is written over the file of a presentation that is open, but for `own`.
+  void requireNotOpen(const std::string& path, const DocumentRef& own) {
+    for (const DocumentRef& open : host()->documents) {
+      if (open != own && !open->path().empty() && platform::isSameFile(open->path(), path)) {
+        throw FormatError(path, "is open, so that nothing else can be written there: take another path");
+      }
+    }
   }
   DocumentRef document_;
 };

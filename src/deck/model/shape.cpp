@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "base/xml_storable.h"
 #include "deck/model/adjustments.h"
 #include "deck/model/black_white_mode.h"
 #include "deck/model/connections.h"
@@ -20,7 +21,6 @@
 #include "deck/model/table.h"
 #include "deck/model/table_cell.h"
 #include "deck/model/table_size.h"
-#include "deck/model/text_characters.h"
 #include "deck/model/text_frame.h"
 #include "deck/model/units.h"
 #include "deck/model/xml_order.h"
@@ -109,10 +109,10 @@ class ShapeObject : public ModelObject<ShapeObject> {
 
   // Properties by which it is known.
   std::string name() { return drawingProperties(shape_.node).attribute("name").value(); }
-  void setName(const std::string& name) { setProperty("name", storableName(name)); }
+  void setName(const std::string& name) { setProperty("name", base::xmlStorable(name)); }
   std::int32_t id() { return shapeId(shape_.node); }
   std::string alternativeText() { return drawingProperties(shape_.node).attribute("descr").value(); }
-  void setAlternativeText(const std::string& text) { setProperty("descr", storableName(text)); }
+  void setAlternativeText(const std::string& text) { setProperty("descr", base::xmlStorable(text)); }
   std::int32_t visible() { return triState(!drawingProperties(shape_.node).attribute("hidden").as_bool()); }
   void setVisible(std::int32_t visible);
   std::int32_t lockAspectRatio() { return triState(keepsProportions()); }

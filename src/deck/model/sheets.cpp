@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "deck/model/black_white_mode.h"
+#include "deck/model/color_scheme.h"
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
 #include "host/constants.h"
@@ -39,6 +40,7 @@ class SheetObject : public ModelObject<SheetObject> {
     static const MemberTable<SheetObject> table{
         property<&SheetObject::shapes>(member::Shapes),
         property<&SheetObject::background>(member::Background),
+        property<&SheetObject::colorScheme>(member::ColorScheme),
         property<&SheetObject::name>(member::Name),
         property<&SheetObject::parent>(member::Parent),
     };
@@ -53,6 +55,7 @@ class SheetObject : public ModelObject<SheetObject> {
 
   host::ObjectRef shapes() { return makeShapes(host(), sheet_); }
   host::ObjectRef background() { return makeBackground(host(), sheet_); }
+  host::ObjectRef colorScheme() { return makeColorScheme(host(), sheet_); }
   std::string name() { return sheet_.part->root().child("p:cSld").attribute("name").value(); }
   host::ObjectRef parent() { return makePresentation(host(), sheet_.document); }
 

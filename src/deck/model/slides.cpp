@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "deck/model/color_scheme.h"
 #include "deck/model/layout_creation.h"
 #include "deck/model/member_table.h"
 #include "deck/model/notes_pages.h"
@@ -41,6 +42,7 @@ class SlideObject : public ModelObject<SlideObject> {
         property<&SlideObject::notesPage>(member::NotesPage),
         property<&SlideObject::hasNotesPage>(member::HasNotesPage).from(14),
         property<&SlideObject::background>(member::Background),
+        property<&SlideObject::colorScheme>(member::ColorScheme),
         property<&SlideObject::timeLine>(member::TimeLine).from(10),
         property<&SlideObject::parent>(member::Parent),
         method<&SlideObject::copy>(member::Copy),
@@ -83,6 +85,7 @@ class SlideObject : public ModelObject<SlideObject> {
   }
   Value hasNotesPage() { return host::triState(deck::hasNotesPage(sheet_)); }
   host::ObjectRef background() { return makeBackground(host(), sheet_); }
+  host::ObjectRef colorScheme() { return makeColorScheme(host(), sheet_); }
   host::ObjectRef timeLine() { return makeTimeLine(host(), sheet_); }
   host::ObjectRef parent() { return makePresentation(host(), sheet_.document); }
   void copy() { host()->clipboard.copySlides(sheet_.document, {ownId()}); }

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "base/xml_storable.h"
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
 #include "deck/model/xml_order.h"
@@ -52,8 +53,8 @@ class TagsObject : public ModelObject<TagsObject> {
   std::string value(Arguments arguments) { return at(arguments[0].toInt()).attribute("val").value(); }
 
   void add(Arguments arguments) {
-    const std::string name = base::toUpper(arguments[0].toString());
-    const std::string text = arguments[1].toString();
+    const std::string name = base::toUpper(base::xmlStorable(arguments[0].toString()));
+    const std::string text = base::xmlStorable(arguments[1].toString());
     if (name.empty()) base::raise(base::errors::outOfRange);
     PartRef list = tagPart();
     if (!list) list = makeTagPart();

@@ -32,15 +32,6 @@ std::u16string storableText(std::u16string_view text) {
   return result;
 }
 
-std::string storableName(std::string_view text) {
-  const std::u16string units = base::toUtf16(text);
-  std::u16string result;
-  for (std::size_t i = 0; i < units.size(); ++i) {
-    if (units[i] == u'\r' || units[i] == u'\n' || storable(units, i)) result += units[i];
-  }
-  return base::fromUtf16(result);
-}
-
 bool isBlank(char16_t character) {
   return character == u' ' || (character >= 0x09 && character <= 0x0D) || character == 0xA0 ||
          (character >= 0x2000 && character <= 0x200B) || character == 0x3000;

@@ -12,9 +12,6 @@ inline constexpr char16_t lineBreak = u'\v';
 /// A text as the host takes it: a line feed, alone or behind a carriage return, ends a paragraph as that
 /// does; what no XML file can hold is left out.
 std::u16string storableText(std::u16string_view text);
-/// The same for a name or description, which has no paragraphs: control characters but tab, carriage return
-/// and line feed are left out.
-std::string storableName(std::string_view text);
 
 bool isBlank(char16_t character);
 bool isPunctuation(char16_t character);

@@ -125,12 +125,11 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
   /// The later model has the level in the paragraph's format.
   std::int32_t indentLevel() {
     requireEarlier();
-    return indentLevelOf(shape_, span_);
+    return std::min(indentLevelOf(shape_, span_), mostLevels());
   }
   void putIndentLevel(std::int32_t level) {
     requireEarlier();
-    constexpr std::int32_t oldLevels = 5, newLevels = 9;
-    setIndentLevel(shape_, span_, level, host()->beforeRibbon() ? oldLevels : newLevels);
+    setIndentLevel(shape_, span_, level, mostLevels());
   }
   std::int32_t languageId() { return languageOf(shape_, span_); }
   void setLanguageId(std::int32_t id) { setLanguage(shape_, span_, id); }
@@ -162,6 +161,12 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
   ShapeKey shape_;
   void requireEarlier() const {
     if (later_) base::raise(base::errors::noSuchMember);
+  }
+
+  /// Hosts before the ribbon know five levels, and show deeper ones of a file as the deepest of them.
+  std::int32_t mostLevels() const {
+    constexpr std::int32_t oldLevels = 5, newLevels = 9;
+    return host()->beforeRibbon() ? oldLevels : newLevels;
   }
 
   TextSpan span_;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "base/xml_storable.h"
+
 namespace vellumark::deck {
 namespace {
 
@@ -82,7 +84,9 @@ std::unique_ptr<pugi::xml_document> parseXml(const std::string& part, std::strin
   return document;
 }
 
+// A file may have come with characters that no other reader takes; they end here.
 std::string xmlText(const pugi::xml_document& document) {
+  base::makeXmlStorable(document.document_element());
   Text out;
   for (pugi::xml_node node : document.children()) {
     if (std::strcmp(node.name(), graveyardName) == 0) continue;

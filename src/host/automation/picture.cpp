@@ -43,6 +43,45 @@ ObjectRef loadPictureFromFile(const std::string& path) {
   return bitmapToPicture(bitmap);
 }
 
+/// Old bars paint a picture over what its mask left standing, so it is black where it doesn't show.
+MaskedPicture loadMaskedPicture(const std::string& path) {
+  ui::win32::Resources resources;
+  resources.startDrawing();
+  HBITMAP pictureBitmap = nullptr, maskBitmap = nullptr;
+  {
+    Gdiplus::Bitmap image(automation::toWide(path).c_str());
+    if (image.GetLastStatus() != Gdiplus::Ok) return {};
+    const INT width = static_cast<INT>(image.GetWidth()), height = static_cast<INT>(image.GetHeight());
+    Gdiplus::Bitmap picture(width, height, PixelFormat24bppRGB), mask(width, height, PixelFormat24bppRGB);
+    constexpr BYTE half = 128, opaque = 255;
+    constexpr Gdiplus::ARGB face = 0xD4D0C8;  // of the bars, which edges fade into
+    for (INT y = 0; y < height; ++y) {
+      for (INT x = 0; x < width; ++x) {
+        Gdiplus::Color pixel;
+        image.GetPixel(x, y, &pixel);
+        const bool shows = pixel.GetA() >= half;
+        const auto faded = [&](BYTE color, int shift) {
+          const int background = static_cast<int>(face >> shift & 0xFF);
+          return static_cast<BYTE>((color * pixel.GetA() + background * (opaque - pixel.GetA())) / opaque);
+        };
+        picture.SetPixel(
+            x, y,
+            shows ? Gdiplus::Color(faded(pixel.GetR(), 16), faded(pixel.GetG(), 8), faded(pixel.GetB(), 0))
+                  : Gdiplus::Color(0, 0, 0));
+        mask.SetPixel(x, y, shows ? Gdiplus::Color(0, 0, 0) : Gdiplus::Color(opaque, opaque, opaque));
+      }
+    }
+    picture.GetHBITMAP(Gdiplus::Color(0, 0, 0), &pictureBitmap);
+    mask.GetHBITMAP(Gdiplus::Color(0, 0, 0), &maskBitmap);
+  }
+  if (pictureBitmap == nullptr || maskBitmap == nullptr) {
+    DeleteObject(pictureBitmap);
+    DeleteObject(maskBitmap);
+    return {};
+  }
+  return {bitmapToPicture(pictureBitmap), bitmapToPicture(maskBitmap)};
+}
+
 ObjectRef pictureOf(const ui::Canvas& canvas) {
   const HDC screen = GetDC(nullptr);
   const HDC memory = CreateCompatibleDC(screen);

@@ -164,6 +164,8 @@ Database* store(bool create) {
 
 }  // namespace
 
+std::string settingsFolder() { return textOf(fs::absolute(storePath()).parent_path()); }
+
 std::optional<Setting> readSetting(const std::string& key, const std::string& name) {
   Database* const database = store(false);
   return database != nullptr ? database->read(key, name) : std::nullopt;

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -109,8 +110,8 @@ int runOpener(const std::string& target) {
   return start({environmentVariable("VELLUMARK_OPENER").value_or("xdg-open"), target});
 }
 
-/// The folder for attachments, without those of earlier days.
-std::filesystem::path attachmentsFolder() {
+/// A new folder for one attachment. Those of earlier days go.
+std::filesystem::path attachmentFolder() {
   namespace fs = std::filesystem;
   constexpr std::chrono::hours kept(24);
   const fs::path folder = pathOf(toSystem(internetCacheFolder())) / "vellumark" / "attachments";
@@ -122,9 +123,14 @@ std::filesystem::path attachmentsFolder() {
   }
   for (const auto& entry : fs::directory_iterator(folder, error)) {
     if (fs::file_time_type::clock::now() - entry.last_write_time(error) > kept)
-      fs::remove(entry.path(), error);
+      fs::remove_all(entry.path(), error);
   }
-  return folder;
+  std::string own = textOf(folder / "XXXXXX");
+  if (mkdtemp(own.data()) == nullptr) {
+    base::raise(base::errors::fileAccess, base::standardDescription(base::errors::fileAccess) + ": " + own +
+                                              " (" + std::generic_category().message(errno) + ")");
+  }
+  return pathOf(own);
 }
 
 }  // namespace
@@ -145,7 +151,7 @@ void showInFolder(const std::string& file) {
 }
 
 void mailFile(const std::string& /*mailer*/, const std::string& name, const std::string& file) {
-  const std::string copy = textOf(attachmentsFolder() / pathOf(name));
+  const std::string copy = textOf(attachmentFolder() / pathOf(name));
   copyFile(file, copy);
   const std::string program = environmentVariable("VELLUMARK_MAILER").value_or("xdg-email");
   if (start({program, "--utf8", "--subject", name, "--attach", copy}) != shell::opened) {

@@ -1,47 +1,11 @@
 #include "platform/user_activity.h"
 
-#include <dlfcn.h>
-
 #include <cstdint>
-#include <type_traits>
-#include <utility>
+
+#include "platform/posix/bus_client.h"
 
 namespace vellumark::platform {
 namespace {
-
-// The few functions of libsystemd's bus client that are used, as its manual declares them.
-struct sd_bus;
-struct sd_bus_message;
-struct sd_bus_error;
-
-struct BusClient {
-  int (*openUser)(sd_bus** bus) = nullptr;
-  int (*setTimeout)(sd_bus* bus, std::uint64_t microseconds) = nullptr;
-  int (*callMethod)(sd_bus* bus, const char* destination, const char* path, const char* interface,
-                    const char* member, sd_bus_error* error, sd_bus_message** reply, const char* types,
-                    ...) = nullptr;
-  int (*read)(sd_bus_message* message, const char* types, ...) = nullptr;
-  sd_bus_message* (*unrefMessage)(sd_bus_message* message) = nullptr;
-  sd_bus* (*closeBus)(sd_bus* bus) = nullptr;
-  bool complete = false;
-
-  BusClient() {
-    void* library = dlopen("libsystemd.so.0", RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) return;
-    const auto find = [&](auto& function, const char* name) {
-      function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(dlsym(library, name));
-      return function != nullptr;
-    };
-    complete = find(openUser, "sd_bus_open_user") && find(setTimeout, "sd_bus_set_method_call_timeout") &&
-               find(callMethod, "sd_bus_call_method") && find(read, "sd_bus_message_read") &&
-               find(unrefMessage, "sd_bus_message_unref") && find(closeBus, "sd_bus_flush_close_unref");
-  }
-};
-
-const BusClient& busClient() {
-  static const BusClient client;
-  return client;
-}
 
 constexpr const char* service = "org.freedesktop.ScreenSaver";
 constexpr const char* object = "/org/freedesktop/ScreenSaver";

@@ -5,6 +5,7 @@
 
 #include "base/error.h"
 #include "platform/environment.h"
+#include "platform/paths.h"
 #include "platform/win32/wide.h"
 
 namespace vellumark::platform {
@@ -94,6 +95,8 @@ Setting::Bytes bytesOf(const Setting& setting) {
 }
 
 }  // namespace
+
+std::string settingsFolder() { return userSettingsFolder(); }
 
 std::optional<Setting> readSetting(const std::string& key, const std::string& name) {
   HKEY opened = nullptr;

@@ -5,6 +5,8 @@
 #include "base/conversions.h"
 #include "base/error.h"
 #include "base/text.h"
+#include "base/xml_storable.h"
+#include "ui/keys.h"
 
 namespace vellumark::ui {
 namespace {
@@ -60,11 +62,19 @@ std::string namesOf(const Form& form) {
   return base::join(names, ", ");
 }
 
+/// A value as a user can type it into a field: no control characters, no ends of lines in a single one.
+std::string typeable(const std::string& value, bool multiLine) {
+  const std::string plain = base::xmlStorable(value);
+  if (multiLine) return plain;
+  const std::string lines = base::replaceAll(base::replaceAll(plain, "\r\n", "\n"), "\r", "\n");
+  return base::replaceAll(lines, "\n", " ");
+}
+
 /// Performs what a value means to a control of its kind; false for kinds without a value.
 bool setValue(Control& control, const std::string& value, const std::string& where) {
   if (auto* text = dynamic_cast<TextBox*>(&control)) {
     if (text->locked()) fail(where + ": the field is locked");
-    text->text(value);
+    text->text(typeable(value, text->multiLine()));
   } else if (auto* box = dynamic_cast<CheckBox*>(&control)) {
     box->value(truth(value, where));
   } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
@@ -79,7 +89,7 @@ bool setValue(Control& control, const std::string& value, const std::string& whe
   } else if (auto* tree = dynamic_cast<TreeView*>(&control)) {
     const std::string key = nodeOf(*tree, tree->root(), value);
     if (key.empty()) fail(where + ": there is no node '" + value + "'");
-    tree->select(key);
+    tree->userClick(key);
   } else {
     return false;
   }
@@ -93,6 +103,10 @@ std::vector<std::string> HeadlessToolkit::unused() const {
   for (const DialogScript& script : dialogs_) left.push_back(script.text);
   left.insert(left.end(), answers_.begin(), answers_.end());
   return left;
+}
+
+bool HeadlessToolkit::hasDialogFor(const std::string& name) const {
+  return !dialogs_.empty() && base::equalsIgnoreCase(dialogs_.front().form, name);
 }
 
 bool HeadlessToolkit::sawForm(const std::string& name) const {
@@ -127,6 +141,8 @@ Answer HeadlessToolkit::messageBox(const std::string& text, Icon icon, Buttons b
            base::join(captions, ", "));
     }
     answer = *meant;
+  } else if (unattended) {
+    answer = unattended(text, possible).value_or(answer);
   }
   tell({Shown::Kind::messageBox, icon, title, {}, text, captionOf(answer)});
   return answer;
@@ -205,18 +221,120 @@ void HeadlessToolkit::showModeless(Form& form) {
   form.activated();
 }
 
+void HeadlessToolkit::startTimer(Timer& timer) { timers_.push_back({&timer, now_ + timer.interval()}); }
+
+void HeadlessToolkit::stopTimer(Timer& timer) {
+  std::erase_if(timers_, [&](const RunningTimer& each) { return each.timer == &timer; });
+}
+
+/// A tick may start, stop and change timers.
+void HeadlessToolkit::pass(int milliseconds) {
+  const std::int64_t end = now_ + milliseconds;
+  for (;;) {
+    const auto next = std::ranges::min_element(timers_, {}, &RunningTimer::due);
+    if (next == timers_.end() || next->due > end) break;
+    now_ = next->due;
+    next->due += next->timer->interval();
+    next->timer->tick();
+  }
+  now_ = end;
+}
+
+namespace {
+
+/// A character at the form: where the form doesn't keep it, a text field that has the focus gets it.
+void type(Form& form, char16_t unit) {
+  char32_t key = unit;
+  if (const int code = keys::codeOf(key)) form.keyDown(code, 0);
+  if (!form.visible() || !form.keyPress(key)) return;
+  auto* box = dynamic_cast<TextBox*>(form.focused());
+  if (!box || box->locked()) return;
+  if (box->onKeyPress) box->onKeyPress(key);
+  if (key == 0) return;
+  std::u16string text = base::toUtf16(box->text());
+  const auto start = std::min(static_cast<std::size_t>(std::max(0, box->selStart())), text.size());
+  text.replace(start, static_cast<std::size_t>(std::max(0, box->selLength())), 1, static_cast<char16_t>(key));
+  box->userSelected(static_cast<int>(start) + 1, 0);
+  box->text(base::fromUtf16(text));
+}
+
+void press(Form& form, int key) {
+  if (keys::codeOf(static_cast<char32_t>(key)) == key) return type(form, static_cast<char16_t>(key));
+  form.keyDown(key, 0);
+  if (!form.visible()) return;
+  if (key == keys::escape) form.pressEscape();
+  if (key == keys::enter) form.pressEnter();
+  if (key == keys::tab) form.tab();
+}
+
+}  // namespace
+
+void HeadlessToolkit::performOnForm(Form& form, const DialogStep& step, const std::string& where) {
+  if (step.act == "click") return form.clickBackground();
+  if (step.act == "close") return form.close();
+  if (step.act == "wait") return pass(number(step.value, where));
+  if (step.act == "type") {
+    for (const char16_t unit : base::toUtf16(step.value)) type(form, unit);
+    return;
+  }
+  if (step.act != "press") fail(where + ": a form knows no act '" + step.act + "'");
+  const std::optional<int> key = keys::codeOf(step.value);
+  if (!key) fail(where + ": there is no key '" + step.value + "'");
+  press(form, *key);
+}
+
+Screen* HeadlessToolkit::wholeScreen() {
+  Toolkit* shown = shownOn();
+  return shown ? shown->wholeScreen() : &scripted_;
+}
+
+DesktopColor HeadlessToolkit::askDesktopColor(const std::function<bool()>& goesOn) {
+  Toolkit* shown = shownOn();
+  return shown ? shown->askDesktopColor(goesOn) : DesktopColor{};
+}
+
+/// The scripted screen shows one colour, or what the real one shows.
+void HeadlessToolkit::showPixels(const ScreenClick& click, const std::string& where) {
+  if (click.color) {
+    scripted_.picture = [color = *click.color](const Point&) { return color; };
+    return;
+  }
+  const std::shared_ptr<Screen> real = openScreen ? openScreen() : nullptr;
+  if (!real) fail(where + ": there is no screen to see a pixel of; give its color: color=#1B6878");
+  scripted_.resolution = real->size();
+  if (const Size size = scripted_.resolution; !contains({0, 0, size.width, size.height}, click.place)) {
+    fail(where + ": the screen has only " + std::to_string(size.width) + " x " + std::to_string(size.height) +
+         " pixels");
+  }
+  scripted_.picture = [real](const Point& point) { return real->pixel(point); };
+  scripted_.mouse = click.place;
+}
+
+void HeadlessToolkit::clickScreen(const ScreenClick& click, const std::string& where) {
+  constexpr int moment = 50;  // until whoever looks at the mouse has looked
+  showPixels(click, where);
+  scripted_.tellHook(0, leftButtonDown);
+  pass(moment);
+}
+
 void HeadlessToolkit::perform(Form& form, const DialogStep& step) {
   const std::string where = "dialog '" + form.name() + "', step '" + step.text + "'";
-  if (base::equalsIgnoreCase(step.control, "form")) {
-    if (step.act == "click") return form.clickBackground();
-    if (step.act == "close") return form.close();
-  }
+  if (base::equalsIgnoreCase(step.control, "form")) return performOnForm(form, step, where);
+  if (const auto click = screenClickOf(step); click && scripted_.hooked()) return clickScreen(*click, where);
   Control* control = form.find(step.control);
   if (!control) {
     fail(where + ": there is no control '" + step.control + "'; there are " + namesOf(form));
   }
   if (!control->visible()) fail(where + ": the control is not visible");
   if (!control->enabled()) fail(where + ": the control is disabled");
+  if (const auto click = pictureClickOf(step)) {
+    const auto* picture = dynamic_cast<const PictureBox*>(control);
+    if (!picture) fail(where + ": only pictures are clicked at a place");
+    picture->mouseDown(click->button, 0, click->x, click->y);
+    picture->mouseUp(click->button, 0, click->x, click->y);
+    if (click->button == 1) form.click(*control);
+    return;
+  }
   if (step.kind == DialogStep::Kind::click || step.act == "click") {
     if (!form.click(*control))
       fail(where + ": the field '" + (form.focused() ? form.focused()->name() : "") +

@@ -1,12 +1,14 @@
 #pragma once
 // The toolkit without a screen: dialogs are worked by scripts, boxes answered in advance.
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "ui/headless/script.h"
+#include "ui/headless/scripted_screen.h"
 #include "ui/toolkit.h"
 
 namespace vellumark::ui {
@@ -41,9 +43,23 @@ class HeadlessToolkit : public Toolkit {
   std::function<void(const Shown&)> observer;
   /// Shows a form that no script is left for, on a screen; false where it can't.
   std::function<bool(Form&)> screen;
+  /// The toolkit of a screen that shows what no script is left for; nullptr where there is none.
+  std::function<Toolkit*()> display;
+  /// The screen whose pixels a script's clicks mean.
+  std::function<std::unique_ptr<Screen>()> openScreen;
+
+  /// The screen of the forms that scripts work.
+  ScriptedScreen& scriptedScreen() { return scripted_; }
+
+  /// Chooses among the buttons of a message box that no answer is left for; without it, and where it gives
+  /// nothing, the box gets its default button.
+  std::function<std::optional<Answer>(const std::string& text, const std::vector<Answer>& possible)>
+      unattended;
 
   /// Whether an answer is left for the next box or file dialog.
   bool hasAnswer() const { return !answers_.empty(); }
+  /// Whether the next script is for the form of that name.
+  bool hasDialogFor(const std::string& name) const;
   /// Scripts and answers that nothing asked for, as they were written.
   std::vector<std::string> unused() const;
   /// Whether a message box with the critical icon, or the form of that name, came up.
@@ -58,17 +74,35 @@ class HeadlessToolkit : public Toolkit {
   void showModal(Form& form) override;
   /// A modeless form is told and left alone.
   void showModeless(Form& form) override;
-  /// Time stands still without a screen.
-  void runHidden(Form&) override {}
+  void startTimer(Timer& timer) override;
+  void stopTimer(Timer& timer) override;
+  bool onScreen() const override { return false; }
   /// Without a font, each byte of a text counts alike.
   int textWidth(const std::string& text) override { return 7 * static_cast<int>(text.size()); }
+  Screen* wholeScreen() override;
+  DesktopColor askDesktopColor(const std::function<bool()>& goesOn) override;
   void processEvents() override {}
+
+  /// Lets that much time pass, in milliseconds. It stands still otherwise.
+  void pass(int milliseconds);
 
  private:
   std::optional<std::string> nextAnswer();
   void tell(const Shown& shown);
   void perform(Form& form, const DialogStep& step);
+  void performOnForm(Form& form, const DialogStep& step, const std::string& where);
+  void showPixels(const ScreenClick& click, const std::string& where);
+  void clickScreen(const ScreenClick& click, const std::string& where);
+  Toolkit* shownOn() const { return dialogs_.empty() && display ? display() : nullptr; }
 
+  struct RunningTimer {
+    Timer* timer;
+    std::int64_t due;
+  };
+
+  std::vector<RunningTimer> timers_;
+  std::int64_t now_ = 0;
+  ScriptedScreen scripted_;
   std::deque<DialogScript> dialogs_;
   std::deque<std::string> answers_;
   bool sawCritical_ = false;

@@ -1,6 +1,10 @@
 #include "ui/headless/script.h"
 
+#include <utility>
+
+#include "base/conversions.h"
 #include "base/error.h"
+#include "base/text.h"
 
 namespace vellumark::ui {
 namespace {
@@ -62,6 +66,40 @@ DialogStep parseStep(const std::string& script, const std::string& part) {
 }
 
 }  // namespace
+
+std::optional<PictureClick> pictureClickOf(const DialogStep& step) {
+  constexpr std::pair<const char*, int> acts[] = {{"click", 1}, {"rightclick", 2}, {"middleclick", 4}};
+  for (const auto& [act, button] : acts) {
+    if (step.act != act || step.value.empty()) continue;
+    const std::vector<std::string> place = base::split(step.value, ',');
+    try {
+      if (place.size() == 2) return PictureClick{button, base::toDouble(place[0]), base::toDouble(place[1])};
+    } catch (const base::Error&) {
+    }
+    base::raise(base::errors::invalidCall,
+                "step '" + step.text + "': '" + step.value + "' is no place; write it as 120,40");
+  }
+  return std::nullopt;
+}
+
+std::optional<ScreenClick> screenClickOf(const DialogStep& step) {
+  const bool pixel = base::equalsIgnoreCase(step.control, "pixel"),
+             color = base::equalsIgnoreCase(step.control, "color");
+  if (step.kind != DialogStep::Kind::set || (!pixel && !color)) return std::nullopt;
+  const std::string& value = step.value;
+  try {
+    const std::vector<std::string> place = base::split(value, ',');
+    if (pixel && place.size() == 2)
+      return ScreenClick{{base::toInt32(place[0]), base::toInt32(place[1])}, {}};
+    const std::optional<Color> shown =
+        value.starts_with('#') ? colorFromDigits(value.substr(1)) : std::nullopt;
+    if (color && shown) return ScreenClick{{}, shown};
+  } catch (const base::Error&) {
+  }
+  base::raise(base::errors::invalidCall,
+              "step '" + step.text + "': '" + value + "' is no " +
+                  (pixel ? "place; write it as 120,40" : "color; write it as #1B6878"));
+}
 
 DialogScript parseDialogScript(const std::string& text) {
   DialogScript script;

@@ -1,5 +1,8 @@
 #include "ui/qt/canvas_painter.h"
 
+#include <QCache>
+#include <QDateTime>
+#include <QFileInfo>
 #include <QPainter>
 
 #include "platform/paths.h"
@@ -8,6 +11,18 @@
 namespace vellumark::ui {
 namespace qt {
 namespace {
+
+/// A picture file, read once for each version of it; a null picture where it can't be read.
+QImage pictureOf(const std::string& path) {
+  constexpr int pictures = 64;
+  static QCache<QString, QImage> read(pictures);
+  const QFileInfo file(toQt(platform::toSystem(path)));
+  const QString key = file.filePath() + u'|' + QString::number(file.lastModified().toMSecsSinceEpoch());
+  if (const QImage* known = read.object(key)) return *known;
+  const QImage picture = QImage(file.filePath()).convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  read.insert(key, new QImage(picture));
+  return picture;
+}
 
 /// Draws one command after the other. Points are pixels of 96 to the inch, so that a canvas looks the same on
 /// every screen.
@@ -43,9 +58,29 @@ class CanvasPainter {
   }
 
   void operator()(const Canvas::Image& image) const {
-    const QImage picture(toQt(platform::toSystem(image.path)));
+    const QImage picture = pictureOf(image.path);
     if (picture.isNull()) return;
     painter_.drawImage(QRectF(image.x, image.y, image.width, image.height), picture);
+  }
+
+  void operator()(const Canvas::Pixels& pixels) const {
+    QImage picture(pixels.columns, pixels.rows(), QImage::Format_RGB32);
+    if (picture.isNull()) return;
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) {
+        picture.setPixelColor(x, y, toQt(pixels.colors[static_cast<std::size_t>(y * pixels.columns + x)]));
+      }
+    }
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    painter_.drawImage(QRectF(pixels.x, pixels.y, pixels.width, pixels.height), picture);
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform, true);
+  }
+
+  void operator()(const Canvas::Copy& copy) const {
+    painter_.save();
+    painter_.translate(copy.x, copy.y);
+    paintCanvas(*copy.source, painter_);
+    painter_.restore();
   }
 
  private:

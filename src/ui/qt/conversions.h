@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+class QKeyEvent;
+
 #include "ui/color.h"
 
 namespace vellumark::ui {
@@ -22,6 +24,10 @@ QString toQtLines(std::string_view text);
 /// A tool tip is rich text to Qt where it looks like it; this shows it as it is.
 QString toQtToolTip(std::string_view text);
 QColor toQt(Color color);
+/// The code of a key (keys.h); 0 for those that have none there.
+int keyCodeOf(const QKeyEvent& event);
+/// What is held down, as keys.h counts it.
+int shiftOf(Qt::KeyboardModifiers modifiers);
 
 /// The application's font at a size relative to it.
 QFont scaledFont(double scale, bool bold);

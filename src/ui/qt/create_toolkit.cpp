@@ -11,6 +11,7 @@
 #include "base/error.h"
 #include "ui/qt/drawing_painter.h"
 #include "ui/qt/qt_toolkit.h"
+#include "ui/qt/x11_screen.h"
 
 namespace {
 
@@ -41,6 +42,12 @@ extern "C" vellumark::ui::Toolkit* vellumark_create_qt_toolkit() {
   }
   static vellumark::ui::QtToolkit toolkit;
   return &toolkit;
+}
+
+/// The whole screen for a program that shows nothing on it; nullptr where none can be seen. The caller owns
+/// it.
+extern "C" vellumark::ui::Screen* vellumark_open_screen() {
+  return vellumark::ui::qt::X11Screen::open().release();
 }
 
 /// The PngPainter.

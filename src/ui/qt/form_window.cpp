@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
@@ -31,8 +32,12 @@ void placeAboveActive(QDialog& dialog) {
 
 FormWindow::FormWindow(Form& form, EventLoops& loops) : form_(&form), loops_(loops) {
   setObjectName(toQt(form.name()));
-  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                 Qt::WindowCloseButtonHint);
+  if (form.bare()) {
+    setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+  } else {
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowCloseButtonHint);
+  }
   captionChanged();
   for (Control* control : form.controls()) {
     if (auto peer = makePeer(*control, *this)) {
@@ -86,7 +91,6 @@ void FormWindow::applyTopMost() {
 void FormWindow::end() {
   if (!live_) return;
   live_ = false;
-  for (const auto& peer : peers_) peer->stop();
   form_->view(nullptr);
   form_ = nullptr;
   hide();
@@ -115,7 +119,7 @@ void FormWindow::controlChanged(Control& control) {
   Peer* peer = peerOf(&control);
   if (!peer) return;
   peer->refresh();
-  if (peer->widget()) arrangeLater();
+  if (peer->widget() && peer->changesSize()) arrangeLater();
 }
 
 void FormWindow::captionChanged() { setWindowTitle(toQtLines(form_->caption())); }
@@ -128,6 +132,19 @@ void FormWindow::focusChanged(Control* control) {
 void FormWindow::visibilityChanged(bool visible) {
   if (!visible) end();
 }
+
+/// The places of screens are counted in their own pixels, what lies on them is scaled.
+Rect FormWindow::frame() const {
+  const QRect own = frameGeometry();
+  const QPoint corner = screen()->geometry().topLeft();
+  const double scale = screen()->devicePixelRatio();
+  const auto scaled = [&](int length) { return qRound(length * scale); };
+  return {corner.x() + scaled(own.x() - corner.x()), corner.y() + scaled(own.y() - corner.y()),
+          scaled(own.width()), scaled(own.height())};
+}
+
+/// A window that was just made is painted when the system has shown it.
+void FormWindow::repaint() { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
 
 void FormWindow::restoreFocus() {
   if (live_) focusChanged(form_->focused());
@@ -152,7 +169,19 @@ bool FormWindow::event(QEvent* event) {
   return QDialog::event(event);
 }
 
+bool FormWindow::previewKey(const QKeyEvent& event) {
+  const int shift = shiftOf(event.modifiers());
+  if (const int code = keyCodeOf(event)) perform([&] { form_->keyDown(code, shift); });
+  if (!live_ || event.text().isEmpty() || accessKeyOf(event) != '\0') return !live_;
+  bool passes = true;
+  perform([&] { passes = form_->keyPress(event.text().toUcs4().front()); });
+  return !passes || !live_;
+}
+
 void FormWindow::keyPressEvent(QKeyEvent* event) {
+  // Keys that a control passes on were seen before.
+  const bool first = focusWidget() == nullptr || focusWidget() == this;
+  if (first && previewKey(*event)) return;
   if (const char access = accessKeyOf(*event)) {
     perform([&] { form_->pressAccessKey(access); });
   } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
@@ -172,6 +201,15 @@ void FormWindow::mousePressEvent(QMouseEvent* event) {
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   perform([&] { form_->close(); });
+}
+
+/// A form without a frame shows where it ends.
+void FormWindow::paintEvent(QPaintEvent* event) {
+  QDialog::paintEvent(event);
+  if (!windowFlags().testFlag(Qt::FramelessWindowHint)) return;
+  QPainter painter(this);
+  painter.setPen(palette().color(QPalette::Dark));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event) {

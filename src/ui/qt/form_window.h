@@ -26,13 +26,12 @@ class FormWindow : public QDialog, private FormView, private PeerWindow {
   void runModal();
   /// Shows the form; the window deletes itself when the form is hidden.
   void runModeless();
-  /// Lets the form's timers tick without showing it; the window deletes itself when the form is unloaded.
-  void runHidden() { modeless_ = true; }
 
  protected:
   bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   bool focusNextPrevChild(bool next) override;
@@ -42,10 +41,13 @@ class FormWindow : public QDialog, private FormView, private PeerWindow {
   void captionChanged() override;
   void focusChanged(Control* control) override;
   void visibilityChanged(bool visible) override;
+  Rect frame() const override;
+  void repaint() override;
 
   QWidget& widget() override { return *this; }
   bool live() const override { return live_; }
   void perform(const std::function<void()>& act) override;
+  bool previewKey(const QKeyEvent& event) override;
   void restoreFocus() override;
 
   Peer* peerOf(const Control* control) const;

@@ -22,11 +22,6 @@ class LabelPeer : public Peer {
     view_->setText(text());
     view_->setWordWrap(label_.wrapAt() > 0);
     view_->setAlignment(Qt::AlignLeft | (label_.wrapAt() > 0 ? Qt::AlignTop : Qt::AlignVCenter));
-    if (label_.hand()) {
-      view_->setCursor(Qt::PointingHandCursor);
-    } else {
-      view_->unsetCursor();
-    }
     if (label_.link()) showLink();
   }
 

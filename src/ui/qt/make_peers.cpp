@@ -24,7 +24,7 @@ std::unique_ptr<Peer> firstKind(Control& control, PeerWindow& window,
 std::unique_ptr<Peer> makePeer(Control& control, PeerWindow& window) {
   return firstKind(control, window, makeLabelPeer, makeTextPeer, makeButtonPeer, makeCheckPeer,
                    makeOptionPeer, makeSpinPeer, makeComboPeer, makeListPeer, makeTreePeer, makeProgressPeer,
-                   makePicturePeer, makeColorPeer, makeLinePeer, makeFramePeer, makeTimerPeer);
+                   makePicturePeer, makeColorPeer, makeLinePeer, makeFramePeer);
 }
 
 }  // namespace vellumark::ui::qt

@@ -58,6 +58,11 @@ void Peer::look() {
   }
   if (widget_->palette() != palette) widget_->setPalette(palette);
   widget_->setAutoFillBackground(control_.backColor().has_value());
+  if (control_.handCursor()) {
+    widget_->setCursor(Qt::PointingHandCursor);
+  } else if (widget_->cursor().shape() == Qt::PointingHandCursor) {
+    widget_->unsetCursor();
+  }
   widget_->setToolTip(toQtToolTip(control_.toolTip()));
   widget_->setEnabled(control_.enabled());
   widget_->setVisible(control_.visible());
@@ -129,6 +134,11 @@ bool Peer::eventFilter(QObject* watched, QEvent* event) {
       event->accept();
       return true;
     case QEvent::KeyPress:
+      // What a widget within it passes on was seen before.
+      if (watched == window_.widget().focusWidget() &&
+          window_.previewKey(static_cast<const QKeyEvent&>(*event))) {
+        return true;
+      }
       if (const char key = accessKeyOf(*event)) {
         window_.perform([&] { control_.form().pressAccessKey(key); });
         return true;

@@ -8,6 +8,7 @@
 #include "ui/control.h"
 #include "ui/layout.h"
 
+class QKeyEvent;
 class QMouseEvent;
 class QWidget;
 
@@ -21,6 +22,9 @@ class PeerWindow {
   virtual bool live() const = 0;
   /// Performs what the user did to the form. Keeps failures from Qt.
   virtual void perform(const std::function<void()>& act) = 0;
+  /// Shows the form a key on its way to the control that has the focus; true where the control shall not have
+  /// it.
+  virtual bool previewKey(const QKeyEvent& event) = 0;
   /// Gives the keyboard back to the control that has the form's focus.
   virtual void restoreFocus() = 0;
 
@@ -37,8 +41,8 @@ class Peer : public QObject {
   QWidget* widget() const { return widget_; }
   /// Brings the widget up to date with the control.
   void refresh();
-  /// The form is no longer shown: nothing more of the control may be touched.
-  virtual void stop() {}
+  /// Whether a change of the control may ask for another size of its place.
+  virtual bool changesSize() const { return true; }
 
  protected:
   Peer(Control& control, PeerWindow& window) : control_(control), window_(window) {}

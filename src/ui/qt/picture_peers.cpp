@@ -1,4 +1,5 @@
 #include <QFrame>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QProgressBar>
 #include <algorithm>
@@ -37,14 +38,48 @@ class PictureView : public QWidget {
   PeerWindow& window_;
 };
 
+/// Its widget counts the pixels of its canvas.
 class PicturePeer : public PassivePeer {
  public:
-  PicturePeer(PictureBox& picture, PeerWindow& window) : PassivePeer(picture, window) {
+  PicturePeer(PictureBox& picture, PeerWindow& window) : PassivePeer(picture, window), picture_(picture) {
     use(new PictureView(picture.canvas(), window));
   }
+  bool changesSize() const override { return false; }
 
  private:
+  using UserAct = void (PictureBox::*)(int, int, double, double) const;
+
   void show() override { widget()->update(); }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    switch (event->type()) {
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonDblClick:
+        mouse(&PictureBox::mouseDown, *event);
+        break;
+      case QEvent::MouseMove:
+        mouse(&PictureBox::mouseMove, *event);
+        break;
+      case QEvent::MouseButtonRelease:
+        mouse(&PictureBox::mouseUp, *event);
+        break;
+      default:
+        break;
+    }
+    return PassivePeer::eventFilter(watched, event);
+  }
+
+  void mouse(UserAct userAct, const QEvent& event) {
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    // While the mouse moves, what is held down counts.
+    const auto buttons =
+        event.type() == QEvent::MouseMove ? mouse.buttons() : Qt::MouseButtons(mouse.button());
+    const int button = static_cast<int>(buttons & (Qt::LeftButton | Qt::RightButton | Qt::MiddleButton));
+    const QPointF place = mouse.position();
+    act([&] { (picture_.*userAct)(button, shiftOf(mouse.modifiers()), place.x(), place.y()); });
+  }
+
+  PictureBox& picture_;
 };
 
 class ColorPeer : public PassivePeer {

@@ -10,10 +10,12 @@
 #include <algorithm>
 
 #include "platform/paths.h"
+#include "platform/posix/desktop_color.h"
 #include "ui/qt/canvas_painter.h"
 #include "ui/qt/conversions.h"
 #include "ui/qt/font_measurer.h"
 #include "ui/qt/form_window.h"
+#include "ui/qt/x11_screen.h"
 
 namespace vellumark::ui {
 
@@ -161,21 +163,37 @@ void QtToolkit::showModal(Form& form) {
   qt::FormWindow(form, loops_).runModal();
 }
 
-qt::FormWindow& QtToolkit::addModeless(Form& form) {
+void QtToolkit::showModeless(Form& form) {
   useApplication();
   std::erase_if(modeless_, [](const auto& window) { return window.isNull(); });
-  auto* window = new qt::FormWindow(form, loops_);
-  modeless_.emplace_back(window);
-  return *window;
+  modeless_.emplace_back(new qt::FormWindow(form, loops_))->runModeless();
 }
 
-void QtToolkit::showModeless(Form& form) { addModeless(form).runModeless(); }
-
-void QtToolkit::runHidden(Form& form) { addModeless(form).runHidden(); }
+void QtToolkit::startTimer(Timer& timer) {
+  useApplication();
+  tickers_.start(timer);
+}
 
 int QtToolkit::textWidth(const std::string& text) {
   useApplication();
   return qt::FontMeasurer().text(text, 1, false, 0).width;
+}
+
+Screen* QtToolkit::wholeScreen() {
+  useApplication();
+  if (!screen_ && QApplication::platformName() == QLatin1String("xcb")) screen_ = qt::X11Screen::open();
+  return screen_.get();
+}
+
+DesktopColor QtToolkit::askDesktopColor(const std::function<bool()>& goesOn) {
+  useApplication();
+  const platform::PickedColor picked = platform::pickDesktopColor([&] {
+    processEvents();
+    return goesOn();
+  });
+  if (!picked.color) return {{}, picked.refusal};
+  const auto byte = [&](std::size_t i) { return qRound(qBound(0.0, (*picked.color)[i], 1.0) * 255); };
+  return {rgb(byte(0), byte(1), byte(2)), {}};
 }
 
 void QtToolkit::processEvents() {

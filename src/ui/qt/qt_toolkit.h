@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QPointer>
+#include <memory>
 #include <vector>
 
 #include "ui/qt/event_loops.h"
+#include "ui/qt/tickers.h"
 #include "ui/toolkit.h"
 
 class QDialog;
@@ -31,15 +33,21 @@ class QtToolkit : public Toolkit {
   std::optional<std::string> fileDialog(const FileDialog& dialog) override;
   void showModal(Form& form) override;
   void showModeless(Form& form) override;
-  void runHidden(Form& form) override;
+  void startTimer(Timer& timer) override;
+  void stopTimer(Timer& timer) override { tickers_.stop(timer); }
+  bool onScreen() const override { return true; }
   int textWidth(const std::string& text) override;
+  /// Only an X server shows it.
+  Screen* wholeScreen() override;
+  DesktopColor askDesktopColor(const std::function<bool()>& goesOn) override;
   void processEvents() override;
 
  private:
   int ask(QDialog& dialog);
-  qt::FormWindow& addModeless(Form& form);
 
   qt::EventLoops loops_;
+  std::unique_ptr<Screen> screen_;
+  qt::Tickers tickers_{loops_};
   std::vector<QPointer<qt::FormWindow>> modeless_;
 };
 

@@ -1,3 +1,4 @@
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QIcon>
 #include <QLineEdit>
@@ -5,6 +6,7 @@
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <algorithm>
+#include <utility>
 
 #include "platform/paths.h"
 #include "ui/form.h"
@@ -44,8 +46,15 @@ class TreePeer : public Peer {
     view_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
     use(view_);
     watch(view_->viewport());
-    connect(view_, &QTreeWidget::itemSelectionChanged, this,
-            [this] { actOnNode(selectedItem(), [this](const std::string& key) { tree_.select(key); }); });
+    connect(view_, &QTreeWidget::itemSelectionChanged, this, [this] {
+      selectedByPress_ = QGuiApplication::mouseButtons() != Qt::NoButton;
+      actOnNode(selectedItem(), [this](const std::string& key) { tree_.select(key); });
+    });
+    // A click on the selected item changes nothing, and is one all the same.
+    connect(view_, &QTreeWidget::itemClicked, this, [this](const QTreeWidgetItem* item) {
+      if (std::exchange(selectedByPress_, false)) return;
+      actOnNode(item, [this](const std::string& key) { tree_.userClick(key); });
+    });
     view_->setItemDelegate(new LabelEditor(this, [this](const std::string& key, const std::string& text) {
       actOnItems([&] {
         if (tree_.find(key)) tree_.userEditLabel(key, text);
@@ -138,6 +147,7 @@ class TreePeer : public Peer {
   QTreeWidget* view_;
   std::vector<std::string> paths_;
   std::vector<QIcon> images_;
+  bool selectedByPress_ = false;  ///< the mouse button that is down has changed the selection
 };
 
 }  // namespace

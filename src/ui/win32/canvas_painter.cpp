@@ -18,11 +18,13 @@ Gdiplus::Color toDrawing(Color color) {
 
 REAL real(double value) { return static_cast<REAL>(value); }
 
-/// Draws one command after the other. Points are pixels of 96 to the inch, so that a canvas looks the same on
-/// every screen.
+/// Draws one command after the other. A canvas has 96 pixels to the inch and as many of the screen as it
+/// takes to look the same everywhere.
 class CanvasPainter {
  public:
-  CanvasPainter(HDC target, Resources& resources) : target_(target), resources_(resources), drawing_(target) {
+  CanvasPainter(HDC target, Resources& resources)
+      : target_(target), resources_(resources), scale_(resources.canvasScale()), drawing_(target) {
+    drawing_.ScaleTransform(real(scale_), real(scale_));
     drawing_.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
     drawing_.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
   }
@@ -55,31 +57,70 @@ class CanvasPainter {
     drawing_.Flush(Gdiplus::FlushIntentionSync);
     LOGFONTW wanted = {};
     GetObjectW(resources_.font(1, text.bold), sizeof wanted, &wanted);
-    wanted.lfHeight = -std::max(1L, std::lround(text.size * 96 / 72));
+    wanted.lfHeight = -std::max(1L, std::lround(text.size * 96 / 72 * scale_));
     HFONT font = CreateFontIndirectW(&wanted);
     const HGDIOBJ before = SelectObject(target_, font);
     SetBkMode(target_, TRANSPARENT);
     SetTextColor(target_, text.color);
     const std::wstring wide = toWide(text.text);
-    TextOutW(target_, static_cast<int>(std::lround(text.x)), static_cast<int>(std::lround(text.y)),
-             wide.c_str(), static_cast<int>(wide.size()));
+    TextOutW(target_, toScreen(x_ + text.x), toScreen(y_ + text.y), wide.c_str(),
+             static_cast<int>(wide.size()));
     SelectObject(target_, before);
     DeleteObject(font);
   }
 
   void operator()(const Canvas::Image& image) {
-    Gdiplus::Image picture(toWide(image.path).c_str());
-    if (picture.GetLastStatus() != Gdiplus::Ok) return;
-    drawing_.DrawImage(&picture, real(image.x), real(image.y), real(image.width), real(image.height));
+    Gdiplus::Bitmap* picture = resources_.picture(image.path);
+    if (!picture) return;
+    drawing_.DrawImage(picture, real(image.x), real(image.y), real(image.width), real(image.height));
+  }
+
+  void operator()(const Canvas::Pixels& pixels) {
+    if (pixels.rows() == 0) return;
+    Gdiplus::Bitmap picture(pixels.columns, pixels.rows(), PixelFormat32bppRGB);
+    for (int i = 0; i < pixels.columns * pixels.rows(); ++i) {
+      picture.SetPixel(i % pixels.columns, i / pixels.columns,
+                       toDrawing(pixels.colors[static_cast<std::size_t>(i)]));
+    }
+    const Gdiplus::InterpolationMode before = drawing_.GetInterpolationMode();
+    drawing_.SetInterpolationMode(Gdiplus::InterpolationModeNearestNeighbor);
+    drawing_.DrawImage(&picture, real(pixels.x), real(pixels.y), real(pixels.width), real(pixels.height));
+    drawing_.SetInterpolationMode(before);
+  }
+
+  void operator()(const Canvas::Copy& copy) {
+    const Gdiplus::GraphicsState state = drawing_.Save();
+    const int device = SaveDC(target_);
+    x_ += copy.x;
+    y_ += copy.y;
+    drawing_.TranslateTransform(real(copy.x), real(copy.y));
+    draw(*copy.source);
+    x_ -= copy.x;
+    y_ -= copy.y;
+    RestoreDC(target_, device);
+    drawing_.Restore(state);
+  }
+
+  void draw(const Canvas& canvas) {
+    drawing_.SetClip(Gdiplus::RectF(0, 0, real(canvas.width()), real(canvas.height())),
+                     Gdiplus::CombineModeIntersect);
+    IntersectClipRect(target_, toScreen(x_), toScreen(y_), toScreen(x_ + canvas.width()),
+                      toScreen(y_ + canvas.height()));
+    for (const Canvas::Command& command : canvas.commands()) std::visit(*this, command);
   }
 
  private:
+  int toScreen(double place) const { return static_cast<int>(std::lround(place * scale_)); }
+
   void smooth(bool on) {
     drawing_.SetSmoothingMode(on ? Gdiplus::SmoothingModeAntiAlias : Gdiplus::SmoothingModeNone);
   }
 
   HDC target_;
   Resources& resources_;
+  double scale_;
+  double x_ = 0;  ///< where the canvas lies that is being drawn, in its own pixels
+  double y_ = 0;
   Gdiplus::Graphics drawing_;
 };
 
@@ -88,11 +129,7 @@ class CanvasPainter {
 void paintCanvas(const Canvas& canvas, HDC target, Resources& resources) {
   resources.startDrawing();
   const int state = SaveDC(target);
-  IntersectClipRect(target, 0, 0, canvas.width(), canvas.height());
-  {
-    CanvasPainter painter(target, resources);
-    for (const Canvas::Command& command : canvas.commands()) std::visit(painter, command);
-  }
+  CanvasPainter(target, resources).draw(canvas);
   RestoreDC(target, state);
 }
 

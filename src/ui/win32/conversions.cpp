@@ -1,5 +1,7 @@
 #include "ui/win32/conversions.h"
 
+#include "ui/keys.h"
+
 namespace vellumark::ui::win32 {
 
 std::wstring toWideLines(std::string_view text) {
@@ -15,6 +17,11 @@ std::wstring toWideLines(std::string_view text) {
     }
   }
   return lines;
+}
+
+int heldKeys() {
+  const auto held = [](int key, int bit) { return GetKeyState(key) < 0 ? bit : 0; };
+  return held(VK_SHIFT, keys::shift) + held(VK_CONTROL, keys::control) + held(VK_MENU, keys::alt);
 }
 
 std::wstring textOf(HWND window) {

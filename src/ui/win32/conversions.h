@@ -16,6 +16,9 @@ using platform::win32::toWide;
 /// With a carriage return and a line feed for all line ends, as edit fields want them.
 std::wstring toWideLines(std::string_view text);
 
+/// What is held down with the message that is being handled, as keys.h counts it.
+int heldKeys();
+
 std::wstring textOf(HWND window);
 /// Sets a window's text where it differs, which spares it from flickering.
 void showText(HWND window, const std::wstring& text);

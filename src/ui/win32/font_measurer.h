@@ -15,6 +15,7 @@ class FontMeasurer : public TextMeasurer {
 
   Size text(std::string_view text, double scale, bool bold, int wrapWidth) const override;
   Size character() const override;
+  double canvasScale() const override { return resources_.canvasScale(); }
 
  private:
   Resources& resources_;

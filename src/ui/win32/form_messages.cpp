@@ -73,12 +73,10 @@ std::optional<LRESULT> FormWindow::receivedLive(const Message& message) {
     case WM_CTLCOLORLISTBOX:
       if (HBRUSH brush = colorsOf(message)) return reinterpret_cast<LRESULT>(brush);
       return std::nullopt;
-    case WM_TIMER:
-      if (Peer* peer = peerAt(message.wParam)) peer->ticked();
-      return 0;
     case WM_KEYDOWN:
+    case WM_CHAR:
     case WM_SYSCHAR:
-      if (formKey(message)) return 0;
+      if (previewKey(message) || formKey(message)) return 0;
       return std::nullopt;
     case WM_SETFOCUS:
     case restoreFocusMessage:
@@ -126,6 +124,16 @@ HBRUSH FormWindow::colorsOf(const Message& message) const {
   if (!peer) return nullptr;
   const bool field = message.code == WM_CTLCOLOREDIT || message.code == WM_CTLCOLORLISTBOX;
   return peer->colors(reinterpret_cast<HDC>(message.wParam), field);
+}
+
+bool FormWindow::previewKey(const Message& message) {
+  bool passes = true;
+  if (message.code == WM_KEYDOWN) {
+    perform([&] { form_->keyDown(static_cast<int>(message.wParam), heldKeys()); });
+  } else if (message.code == WM_CHAR) {
+    perform([&] { passes = form_->keyPress(static_cast<char32_t>(message.wParam)); });
+  }
+  return !passes || !live_;
 }
 
 bool FormWindow::formKey(const Message& message) {

@@ -13,6 +13,10 @@ namespace {
 constexpr const wchar_t* modalProperty = L"VellumarkModal";
 constexpr const wchar_t* unaskedProperty = L"VellumarkUnasked";
 
+void layAt(HWND place, const Peer& peer) {
+  SetWindowPos(peer.handle(), place, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
 /// Whether anything but empty space grows with the window.
 bool stretches(const Box& box) {
   if (box.kind() != Box::Kind::space && box.stretchFactor() > 0) return true;
@@ -40,10 +44,11 @@ FormWindow::~FormWindow() {
 
 void FormWindow::create(HWND owner) {
   const VisualStyles styles(resources_);
-  const DWORD frame = stretches(form_->layout()) ? WS_THICKFRAME : 0;
-  handle_ = CreateWindowExW(WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT, FormClass::name, L"",
-                            WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | frame, 0, 0, 0, 0, owner,
-                            nullptr, resources_.instance(), nullptr);
+  const DWORD framed = WS_CAPTION | WS_SYSMENU | (stretches(form_->layout()) ? WS_THICKFRAME : 0);
+  const DWORD frame = form_->bare() ? WS_BORDER : framed;
+  handle_ = CreateWindowExW((form_->bare() ? 0 : WS_EX_DLGMODALFRAME) | WS_EX_CONTROLPARENT, FormClass::name,
+                            L"", WS_POPUP | WS_CLIPCHILDREN | frame, 0, 0, 0, 0, owner, nullptr,
+                            resources_.instance(), nullptr);
   SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
@@ -52,13 +57,14 @@ void FormWindow::makePeers() {
   for (Control* control : form_->controls()) {
     if (auto peer = makePeer(*control, *this)) {
       peer->refresh();
+      // The system lays what comes later below what was there before.
+      if (dynamic_cast<PictureBox*>(control)) layAt(HWND_TOP, *peer);
       peers_.push_back(std::move(peer));
     }
   }
   // What a frame holds lies on it, and a frame in a frame on the outer one.
   for (auto peer = peers_.rbegin(); peer != peers_.rend(); ++peer) {
-    if (!dynamic_cast<Frame*>(&(*peer)->control())) continue;
-    SetWindowPos((*peer)->handle(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    if (dynamic_cast<Frame*>(&(*peer)->control())) layAt(HWND_BOTTOM, **peer);
   }
 }
 
@@ -79,11 +85,6 @@ void FormWindow::runModeless(std::function<void(FormWindow&)> gone) {
   keepsFailures_ = false;
   if (!live_) PostMessageW(handle_, deleteMessage, 0, 0);
   loops_.rethrow();
-}
-
-void FormWindow::runHidden(std::function<void(FormWindow&)> gone) {
-  gone_ = std::move(gone);
-  keepsFailures_ = false;
 }
 
 void FormWindow::present() {
@@ -126,7 +127,6 @@ void FormWindow::applyTopMost() {
 void FormWindow::end() {
   if (!live_) return;
   live_ = false;
-  for (const auto& peer : peers_) peer->stop();
   form_->view(nullptr);
   form_ = nullptr;
   // The owner takes input again before this window goes, so that it becomes the active one.
@@ -146,13 +146,16 @@ void FormWindow::busy(int change) {
 
 void FormWindow::perform(const std::function<void()>& act) {
   if (!live_) return;
+  busy(1);
   loops_.perform(act, keepsFailures_);
-  if (!live_) return;
-  applyTopMost();
-  // A control that the act disabled, hid or covered passes its focus on.
-  if (Control* focused = form_->focused(); focused && !form_->reachable(*focused)) {
-    loops_.perform([this] { form_->tab(); }, keepsFailures_);
+  if (live_) {
+    applyTopMost();
+    // A control that the act disabled, hid or covered passes its focus on.
+    if (Control* focused = form_->focused(); focused && !form_->reachable(*focused)) {
+      loops_.perform([this] { form_->tab(); }, keepsFailures_);
+    }
   }
+  busy(-1);
 }
 
 Peer* FormWindow::peerOf(const Control* control) const {
@@ -178,7 +181,7 @@ void FormWindow::controlChanged(Control& control) {
   Peer* peer = peerOf(&control);
   if (!peer) return;
   peer->refresh();
-  if (peer->handle()) arrangeLater();
+  if (peer->handle() && peer->changesSize()) arrangeLater();
 }
 
 void FormWindow::captionChanged() { showText(handle_, toWide(form_->caption())); }
@@ -195,6 +198,14 @@ void FormWindow::focusChanged(Control* control) {
 void FormWindow::visibilityChanged(bool visible) {
   if (!visible) end();
 }
+
+Rect FormWindow::frame() const {
+  RECT own = {};
+  GetWindowRect(handle_, &own);
+  return {own.left, own.top, own.right - own.left, own.bottom - own.top};
+}
+
+void FormWindow::repaint() { RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN); }
 
 void FormWindow::restoreFocus() {
   if (live_) focusChanged(form_->focused());

@@ -46,8 +46,6 @@ class FormWindow : private FormView, private PeerWindow {
   void runModal();
   /// Shows the form; calls `gone` when it is hidden and the window may be deleted.
   void runModeless(std::function<void(FormWindow&)> gone);
-  /// The same without showing it: only its timers run, until it is unloaded.
-  void runHidden(std::function<void(FormWindow&)> gone);
 
  private:
   friend class FormClass;
@@ -60,12 +58,15 @@ class FormWindow : private FormView, private PeerWindow {
   void captionChanged() override;
   void focusChanged(Control* control) override;
   void visibilityChanged(bool visible) override;
+  Rect frame() const override;
+  void repaint() override;
 
   HWND handle() const override { return handle_; }
   Resources& resources() override { return resources_; }
   bool live() const override { return live_; }
   void busy(int change) override;
   void perform(const std::function<void()>& act) override;
+  bool previewKey(const Message& message) override;
   bool formKey(const Message& message) override;
   void restoreFocus() override;
   void restoreFocusLater() override;

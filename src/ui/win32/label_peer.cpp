@@ -40,14 +40,6 @@ class LabelPeer : public Peer {
     return Peer::colors(target, false);
   }
 
-  std::optional<LRESULT> received(const Message& message) override {
-    if (message.code == WM_SETCURSOR && label_.hand() && label_.enabled()) {
-      SetCursor(LoadCursorW(nullptr, IDC_HAND));
-      return TRUE;
-    }
-    return Peer::received(message);
-  }
-
   Label& label_;
 };
 

@@ -21,6 +21,5 @@ std::unique_ptr<Peer> makePicturePeer(PictureBox& picture, PeerWindow& window);
 std::unique_ptr<Peer> makeColorPeer(ColorBox& box, PeerWindow& window);
 std::unique_ptr<Peer> makeLinePeer(Line& line, PeerWindow& window);
 std::unique_ptr<Peer> makeFramePeer(Frame& frame, PeerWindow& window);
-std::unique_ptr<Peer> makeTimerPeer(Timer& timer, PeerWindow& window);
 
 }  // namespace vellumark::ui::win32

@@ -53,7 +53,7 @@ LRESULT CALLBACK Peer::procedure(HWND window, UINT code, WPARAM wParam, LPARAM l
   PeerWindow& form = peer.window_;
   form.busy(1);
   std::optional<LRESULT> answer;
-  if (form.live()) answer = peer.received(message);
+  if (form.live()) answer = form.previewKey(message) ? 0 : peer.received(message);
   if (!answer) {
     {
       bool other = false;
@@ -164,6 +164,12 @@ std::optional<LRESULT> Peer::received(const Message& message) {
       break;
     case WM_MOUSEMOVE:
       if (control_.onMouseMove && control_.enabled()) act(control_.onMouseMove);
+      break;
+    case WM_SETCURSOR:
+      if (control_.handCursor() && control_.enabled()) {
+        SetCursor(LoadCursorW(nullptr, IDC_HAND));
+        return TRUE;
+      }
       break;
     case WM_NCHITTEST:
       // Texts and pictures let the mouse through unless told otherwise.

@@ -35,6 +35,8 @@ class PeerWindow {
   virtual void busy(int change) = 0;
   /// Performs what the user did to the form. Keeps failures from the system.
   virtual void perform(const std::function<void()>& act) = 0;
+  /// Shows the form a key on its way to the control that has the focus; true where the message is done with.
+  virtual bool previewKey(const Message& message) = 0;
   /// Tab, Enter, Escape and access keys; true where the message is done with.
   virtual bool formKey(const Message& message) = 0;
   /// Gives the keyboard back to the control that has the form's focus, now or when the message is done with.
@@ -61,8 +63,8 @@ class Peer {
   HWND handle() const { return handle_; }
   /// Brings the window up to date with the control.
   void refresh();
-  /// The form is no longer shown: nothing more of the control may be touched.
-  virtual void stop() {}
+  /// Whether a change of the control may ask for another size of its place.
+  virtual bool changesSize() const { return true; }
   virtual void place(const Rect& rect);
   /// The form's focus has moved somewhere.
   virtual void focusMoved() {}
@@ -72,7 +74,6 @@ class Peer {
   // What the control's window tells the form's.
   virtual void commanded(int /*notification*/) {}
   virtual LRESULT notified(NMHDR& /*notification*/) { return 0; }
-  virtual void ticked() {}
   /// Sets text and ground colour for painting; nullptr for the system's own.
   virtual HBRUSH colors(HDC target, bool field);
 

@@ -23,10 +23,6 @@ class PaintedPeer : public PassivePeer {
  protected:
   using PassivePeer::PassivePeer;
   virtual void paint(HDC target, const RECT& area) = 0;
-
- private:
-  void show() override { InvalidateRect(handle(), nullptr, FALSE); }
-
   std::optional<LRESULT> received(const Message& message) override {
     if (message.code == WM_ERASEBKGND) return 1;
     if (message.code == WM_PRINTCLIENT) {
@@ -41,6 +37,9 @@ class PaintedPeer : public PassivePeer {
     }
     return Peer::received(message);
   }
+
+ private:
+  void show() override { InvalidateRect(handle(), nullptr, FALSE); }
 
   void paintBuffered(HDC target) {
     RECT area = {};
@@ -62,10 +61,57 @@ class PicturePeer : public PaintedPeer {
   PicturePeer(PictureBox& picture, PeerWindow& window) : PaintedPeer(picture, window), picture_(picture) {
     create(L"STATIC", SS_NOTIFY);
   }
+  bool changesSize() const override { return false; }
 
  private:
+  using UserAct = void (PictureBox::*)(int, int, double, double) const;
+
   void paint(HDC target, const RECT&) override {
     paintCanvas(picture_.canvas(), target, window().resources());
+  }
+
+  std::optional<LRESULT> received(const Message& message) override {
+    switch (message.code) {
+      case WM_LBUTTONDOWN:
+      case WM_LBUTTONDBLCLK:
+        mouse(&PictureBox::mouseDown, 1, message);
+        break;
+      case WM_RBUTTONDOWN:
+      case WM_RBUTTONDBLCLK:
+        mouse(&PictureBox::mouseDown, 2, message);
+        break;
+      case WM_MBUTTONDOWN:
+      case WM_MBUTTONDBLCLK:
+        mouse(&PictureBox::mouseDown, 4, message);
+        break;
+      case WM_MOUSEMOVE:
+        mouse(&PictureBox::mouseMove, heldButtons(message.wParam), message);
+        break;
+      case WM_LBUTTONUP:
+        mouse(&PictureBox::mouseUp, 1, message);
+        break;
+      case WM_RBUTTONUP:
+        mouse(&PictureBox::mouseUp, 2, message);
+        break;
+      case WM_MBUTTONUP:
+        mouse(&PictureBox::mouseUp, 4, message);
+        break;
+      default:
+        break;
+    }
+    return PaintedPeer::received(message);
+  }
+
+  static int heldButtons(WPARAM state) {
+    return ((state & MK_LBUTTON) != 0 ? 1 : 0) + ((state & MK_RBUTTON) != 0 ? 2 : 0) +
+           ((state & MK_MBUTTON) != 0 ? 4 : 0);
+  }
+
+  void mouse(UserAct userAct, int button, const Message& message) {
+    const double scale = window().resources().canvasScale();
+    const double x = GET_X_LPARAM(message.lParam) / scale;
+    const double y = GET_Y_LPARAM(message.lParam) / scale;
+    act([&] { (picture_.*userAct)(button, heldKeys(), x, y); });
   }
 
   PictureBox& picture_;

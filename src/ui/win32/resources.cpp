@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "ui/control.h"
+#include "ui/win32/conversions.h"
 #include "ui/win32/system.h"
 
 namespace vellumark::ui::win32 {
@@ -40,13 +41,22 @@ LOGFONTW messageFont() {
   return metrics.lfMessageFont;
 }
 
+double scaleOfScreen() {
+  HDC screen = GetDC(nullptr);
+  const double scale = GetDeviceCaps(screen, LOGPIXELSX) / 96.0;
+  ReleaseDC(nullptr, screen);
+  return scale;
+}
+
 }  // namespace
 
-Resources::Resources() : instance_(ownModule()), visualStyles_(contextOf(instance_)) {}
+Resources::Resources()
+    : instance_(ownModule()), visualStyles_(contextOf(instance_)), canvasScale_(scaleOfScreen()) {}
 
 Resources::~Resources() {
   for (const auto& [key, font] : fonts_) DeleteObject(font);
   for (const auto& [key, brush] : brushes_) DeleteObject(brush);
+  pictures_.clear();
   if (drawing_ != 0) Gdiplus::GdiplusShutdown(drawing_);
   if (visualStyles_ != INVALID_HANDLE_VALUE) ReleaseActCtx(visualStyles_);
 }
@@ -78,6 +88,28 @@ void Resources::startDrawing() {
   if (drawing_ != 0) return;
   const Gdiplus::GdiplusStartupInput input;
   Gdiplus::GdiplusStartup(&drawing_, &input, nullptr);
+}
+
+Gdiplus::Bitmap* Resources::picture(const std::string& path) {
+  constexpr std::size_t most = 64;
+  const std::wstring file = toWide(path);
+  WIN32_FILE_ATTRIBUTE_DATA data = {};
+  if (!GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &data)) return nullptr;
+  const FILETIME& changed = data.ftLastWriteTime;
+  const std::wstring key =
+      file + L'|' + std::to_wstring(changed.dwHighDateTime) + L'|' + std::to_wstring(changed.dwLowDateTime);
+  if (const auto known = pictures_.find(key); known != pictures_.end()) return known->second.get();
+  startDrawing();
+  Gdiplus::Image read(file.c_str());
+  std::unique_ptr<Gdiplus::Bitmap> picture;
+  if (read.GetLastStatus() == Gdiplus::Ok) {
+    const auto width = static_cast<INT>(read.GetWidth());
+    const auto height = static_cast<INT>(read.GetHeight());
+    picture = std::make_unique<Gdiplus::Bitmap>(width, height, PixelFormat32bppARGB);
+    Gdiplus::Graphics(picture.get()).DrawImage(&read, 0, 0, width, height);
+  }
+  if (pictures_.size() >= most) pictures_.clear();
+  return pictures_.emplace(key, std::move(picture)).first->second.get();
 }
 
 VisualStyles::VisualStyles(const Resources& resources) {

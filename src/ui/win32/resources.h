@@ -1,12 +1,13 @@
 #pragma once
 // What the toolkit holds of the system for as long as it lives.
 
-#include <windows.h>
-
 #include <map>
+#include <memory>
+#include <string>
 #include <tuple>
 
 #include "ui/color.h"
+#include "ui/win32/system.h"
 
 namespace vellumark::ui {
 
@@ -29,6 +30,11 @@ class Resources {
   HFONT font(double scale, bool bold, bool underlined = false);
   HFONT fontOf(const Control& control, bool underlined = false);
   HBRUSH brush(Color color);
+  /// The screen's pixels for one of a canvas, which counts 96 to the inch.
+  double canvasScale() const { return canvasScale_; }
+  /// A picture file, read once for each version of it; nullptr where it can't be read. The file can be
+  /// changed and deleted meanwhile.
+  Gdiplus::Bitmap* picture(const std::string& path);
   /// Starts GDI+ on first use.
   void startDrawing();
   /// The module's activation context for visual styles; INVALID_HANDLE_VALUE where it has none.
@@ -37,7 +43,9 @@ class Resources {
  private:
   HINSTANCE instance_ = nullptr;
   HANDLE visualStyles_ = INVALID_HANDLE_VALUE;
+  double canvasScale_;
   ULONG_PTR drawing_ = 0;
+  std::map<std::wstring, std::unique_ptr<Gdiplus::Bitmap>> pictures_;
   std::map<std::tuple<double, bool, bool>, HFONT> fonts_;
   std::map<Color, HBRUSH> brushes_;
 };

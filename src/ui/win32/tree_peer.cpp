@@ -25,6 +25,12 @@ class TreePeer : public Peer {
         actOnNode(reinterpret_cast<const NMTREEVIEWW&>(notification).itemNew.hItem,
                   [this](const std::string& key) { tree_.select(key); });
         return 0;
+      case NM_CLICK:
+        // A click on the selected item changes nothing, and is one all the same.
+        actOnNode(itemUnderMouse(), [this](const std::string& key) {
+          if (key == tree_.selectedKey()) tree_.userClick(key);
+        });
+        return 0;
       case TVN_ITEMEXPANDEDW: {
         const auto& change = reinterpret_cast<const NMTREEVIEWW&>(notification);
         actOnNode(change.itemNew.hItem, [this, on = change.action == TVE_EXPAND](const std::string& key) {
@@ -73,6 +79,14 @@ class TreePeer : public Peer {
 
   HTREEITEM next(HTREEITEM item, UINT which) const {
     return reinterpret_cast<HTREEITEM>(send(TVM_GETNEXTITEM, which, item));
+  }
+  HTREEITEM itemUnderMouse() const {
+    const DWORD place = GetMessagePos();
+    TVHITTESTINFO hit{};
+    hit.pt = {static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
+    ScreenToClient(handle(), &hit.pt);
+    send(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    return (hit.flags & TVHT_ONITEM) != 0 ? hit.hItem : nullptr;
   }
   HTREEITEM selectedItem() const { return next(nullptr, TVGN_CARET); }
 

@@ -93,19 +93,12 @@ std::optional<std::string> Win32Toolkit::fileDialog(const FileDialog& dialog) {
 
 void Win32Toolkit::showModal(Form& form) { FormWindow(form, loops_, resources_).runModal(); }
 
-FormWindow& Win32Toolkit::addModeless(Form& form) {
-  return *modeless_.emplace_back(std::make_unique<FormWindow>(form, loops_, resources_));
-}
-
-std::function<void(FormWindow&)> Win32Toolkit::forget() {
-  return [this](FormWindow& gone) {
+void Win32Toolkit::showModeless(Form& form) {
+  FormWindow& window = *modeless_.emplace_back(std::make_unique<FormWindow>(form, loops_, resources_));
+  window.runModeless([this](FormWindow& gone) {
     std::erase_if(modeless_, [&](const auto& each) { return each.get() == &gone; });
-  };
+  });
 }
-
-void Win32Toolkit::showModeless(Form& form) { addModeless(form).runModeless(forget()); }
-
-void Win32Toolkit::runHidden(Form& form) { addModeless(form).runHidden(forget()); }
 
 int Win32Toolkit::textWidth(const std::string& text) {
   return FontMeasurer(resources_).text(text, 1, false, 0).width;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -8,6 +7,8 @@
 #include "ui/win32/event_loops.h"
 #include "ui/win32/form_window.h"
 #include "ui/win32/resources.h"
+#include "ui/win32/tickers.h"
+#include "ui/win32/whole_screen.h"
 
 namespace vellumark::ui::win32 {
 
@@ -28,17 +29,21 @@ class Win32Toolkit : public Toolkit {
   std::optional<std::string> fileDialog(const FileDialog& dialog) override;
   void showModal(Form& form) override;
   void showModeless(Form& form) override;
-  void runHidden(Form& form) override;
+  void startTimer(Timer& timer) override { tickers_.start(timer); }
+  void stopTimer(Timer& timer) override { tickers_.stop(timer); }
+  bool onScreen() const override { return true; }
   int textWidth(const std::string& text) override;
+  Screen* wholeScreen() override { return &screen_; }
+  /// Never needed: the screen can be seen.
+  DesktopColor askDesktopColor(const std::function<bool()>&) override { return {}; }
   void processEvents() override;
 
  private:
-  FormWindow& addModeless(Form& form);
-  std::function<void(FormWindow&)> forget();
-
   Resources resources_;
   FormClass class_;
+  WholeScreen screen_{resources_.instance()};
   EventLoops loops_;
+  Tickers tickers_{loops_, resources_};
   std::vector<std::unique_ptr<FormWindow>> modeless_;
 };
 

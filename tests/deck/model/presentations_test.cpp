@@ -112,7 +112,9 @@ TEST_F(Presentations, EventsComeInOrderAndSavingCanBeCancelled) {
   EXPECT_EQ(presentation.Saved(), host::msoFalse);
 
   events.cancelSave = true;
-  presentation.Save();
+  EXPECT_EQ(errorNumber([&] { presentation.Save(); }), base::errors::unspecific);
+  EXPECT_EQ(errorNumber([&] { presentation.SaveAs(folder.path("no.pptx")); }), base::errors::unspecific);
+  EXPECT_FALSE(std::filesystem::exists(folder.path("no.pptx")));
   EXPECT_EQ(test::readFile(path), before);
   EXPECT_EQ(presentation.Saved(), host::msoFalse);
 
@@ -126,9 +128,54 @@ TEST_F(Presentations, EventsComeInOrderAndSavingCanBeCancelled) {
       << "the event comes before the presentation leaves the collection";
   EXPECT_EQ(host.application().Presentations().Count(), 0);
   EXPECT_EQ(errorNumber([&] { presentation.Slides(); }), base::errors::invalidRequest);
-  EXPECT_EQ(events.names,
-            (std::vector<std::string>{"PresentationOpen", "WindowActivate", "PresentationBeforeSave",
-                                      "PresentationBeforeSave", "PresentationClose"}));
+  EXPECT_EQ(events.names, (std::vector<std::string>{"PresentationOpen", "WindowActivate",
+                                                    "PresentationBeforeSave", "PresentationBeforeSave",
+                                                    "PresentationBeforeSave", "PresentationClose"}));
+}
+
+TEST_F(Presentations, NothingIsWrittenOverWhatOthersWrote) {
+  const std::string path = save(threeSlides()), other = save(threeSlides(), "other.pptx");
+  const host::Presentation mine = host.open(path);
+  EmbeddedHost elsewhere;
+  const host::Presentation theirs = elsewhere.open(path);
+  theirs.Slides().Item(1).Delete();
+  theirs.Save();
+  const std::string written = test::readFile(path);
+  theirs.Save();  // one's own writing is none of another one
+  mine.Slides().Item(2).Delete();
+  EXPECT_EQ(errorNumber([&] { mine.Save(); }), base::errors::unspecific);
+  EXPECT_EQ(errorNumber([&] { mine.SaveAs(folder.path("./deck.pptx")); }), base::errors::unspecific);
+  EXPECT_EQ(mine.Saved(), host::msoFalse);
+  EXPECT_EQ(test::readFile(path), written);
+  mine.SaveAs(folder.path("mine.pptx"));
+
+  // Nor over what is open, under whatever name.
+  host.open(other);
+  std::filesystem::create_symlink(other, folder.path("link.pptx"));
+  for (const std::string& target : {other, folder.path("link.pptx")}) {
+    EXPECT_EQ(errorNumber([&] { mine.SaveAs(target); }), base::errors::unspecific) << target;
+    EXPECT_EQ(errorNumber([&] { mine.SaveCopyAs(target); }), base::errors::unspecific) << target;
+  }
+  EXPECT_EQ(test::readFile(path), written);
+  std::filesystem::remove(folder.path("mine.pptx"));
+  mine.Save();
+  EXPECT_TRUE(std::filesystem::exists(folder.path("mine.pptx"))) << "nothing is lost where nothing is there";
+}
+
+TEST_F(Presentations, WhatNoFileCanHoldIsNotWritten) {
+  const std::string path = save(threeSlides());
+  const host::Presentation presentation = host.open(path);
+  presentation.Tags().Add("x",
+                          "a\x01"
+                          "b\xE9"
+                          "c\xEF\xBF\xBE");
+  EXPECT_EQ(presentation.Tags().Item("x"),
+            "ab\xEF\xBF\xBD"
+            "c");
+  presentation.Save();
+  for (const auto& [name, entry] : test::readZipFile(path)) {
+    EXPECT_EQ(entry.bytes.find("&#1;"), std::string::npos) << name;
+  }
 }
 
 TEST_F(Presentations, SavesUnderOtherNames) {
@@ -305,18 +352,62 @@ TEST_F(Presentations, TagsOfAllHoldersSurviveTheFile) {
     EXPECT_EQ(name.find("tags/"), std::string::npos) << name;
 }
 
-TEST_F(Presentations, ExtraColorsAreKeptLastOneFirst) {
+std::vector<int> extraColors(const host::Presentation& presentation) {
+  std::vector<int> colors;
+  for (int i = 1; i <= presentation.ExtraColors().Count(); ++i) {
+    colors.push_back(presentation.ExtraColors().Item(i));
+  }
+  return colors;
+}
+
+TEST_F(Presentations, ExtraColorsAreEightAtMostAndTheOldestGoes) {
   const std::string path = save(threeSlides());
   const host::Presentation presentation = host.open(path);
   const host::ExtraColors colors = presentation.ExtraColors();
   for (int color : {0x0000FF, 0x00FF00, 0x0000FF}) colors.Add(color);
-  EXPECT_EQ(colors.Count(), 2);
-  EXPECT_EQ(colors.Item(1), 0x0000FF);
-  for (int i = 0; i < 20; ++i) colors.Add(i);
-  EXPECT_EQ(colors.Count(), 10);
+  EXPECT_EQ(extraColors(presentation), (std::vector{0x0000FF, 0x00FF00}));
+  for (int i = 1; i <= 7; ++i) colors.Add(i);
+  const std::vector<int> eight{0x00FF00, 1, 2, 3, 4, 5, 6, 7};
+  EXPECT_EQ(extraColors(presentation), eight);
+  EXPECT_EQ(errorNumber([&] { colors.Item(9); }), base::errors::invalidRequest);
+  EXPECT_EQ(errorNumber([&] { colors.Add(0x1000000); }), base::errors::outOfRange);
   presentation.Save();
   expectSound(path);
-  EXPECT_EQ(host.open(path).ExtraColors().Item(1), 19);
+  EXPECT_EQ(extraColors(host.open(path)), eight);
+  colors.Clear();
+  EXPECT_EQ(colors.Count(), 0);
+}
+
+// Later hosts keep ten, and colours of the theme among them.
+TEST_F(Presentations, ExtraColorsOfTheFileComeLastOneFirst) {
+  auto deck = threeSlides();
+  for (int i = 1; i <= 10; ++i) deck.extraColor("0000" + std::to_string(10 + i));
+  const std::string path = save(deck);
+  const host::Presentation presentation = host.open(path);
+  const PartRef part = host.state()->documents.back()->package().part("ppt/presProps.xml");
+  part->root().child("p:clrMru").first_child().set_name("a:schemeClr");
+  part->root().child("p:clrMru").first_child().attribute("val").set_value("accent1");
+  const int accent1 = presentation.Slides().Range(1).ColorScheme().Colors(host::PpColorSchemeIndex(5)).RGB();
+  EXPECT_EQ(extraColors(presentation),
+            (std::vector{0x180000, 0x170000, 0x160000, 0x150000, 0x140000, 0x130000, 0x120000, accent1}));
+  presentation.ExtraColors().Add(1);
+  EXPECT_EQ(extraColors(presentation).back(), 1);
+  EXPECT_EQ(extraColors(presentation).size(), 8u);
+  presentation.Save();
+  expectSound(path);
+}
+
+TEST_F(Presentations, ColorSchemesAreTheEightColorsOfTheTheme) {
+  const host::Presentation presentation = host.open(save(threeSlides()));
+  const host::ColorScheme scheme = presentation.Slides().Range(2).ColorScheme();
+  const auto color = [&](int place) { return scheme.Colors(host::PpColorSchemeIndex(place)).RGB(); };
+  std::vector<int> colors;
+  for (int place = 1; place <= 8; ++place) colors.push_back(color(place));
+  EXPECT_EQ(colors,
+            (std::vector{0xFFFFFF, 0x000000, 0xF5F1EE, 0x442A1F, 0x8C5D2F, 0x3D55C8, 0x8C5D2F, 0x7B5B6C}));
+  EXPECT_EQ(errorNumber([&] { color(9); }), base::errors::outOfRange);
+  presentation.Slides().Item(2).Delete();
+  EXPECT_EQ(errorNumber([&] { color(1); }), base::errors::invalidRequest);
 }
 
 TEST_F(Presentations, OpeningParsesNoSlideThatNobodyAsksFor) {

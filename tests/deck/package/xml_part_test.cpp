@@ -1,6 +1,7 @@
 // Parts as XML: nothing that a text says is lost, and prefixes are the usual ones.
 
 #include "deck/package/package_fixture.h"
+#include "deck/package/xml_text.h"
 
 namespace vellumark::deck {
 namespace {
@@ -18,6 +19,11 @@ TEST_F(PackageTest, XmlKeepsWhatItSays) {
   const auto package = Package::create();
   const PartRef part = package->addXml("a.xml", "application/xml", xml);
   EXPECT_EQ(part->bytes(), xml);
+}
+
+TEST_F(PackageTest, CharactersThatNoFileCanHoldEndHere) {
+  const auto document = parseXml("p", "<a b='1&#2;2\xE9'>x\xEF\xBF\xBFy<!--\x03--></a>");
+  EXPECT_EQ(xmlText(*document), "<a b=\"12\xEF\xBF\xBD\">xy<!----></a>");
 }
 
 TEST_F(PackageTest, PrefixesAreTheUsualOnesWhateverTheFileUses) {
