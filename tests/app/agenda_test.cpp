@@ -100,7 +100,12 @@ TEST_F(Agenda, SlidesOfItemsThatStayKeepTheirPlaces) {
 }
 
 TEST_F(Agenda, RewordedItemsAreTheSame) {
-  const auto item = [](int level, const char* text) { return AgendaItem{.level = level, .text = text}; };
+  const auto item = [](int level, const char* text) {
+    AgendaItem made;
+    made.level = level;
+    made.text = text;
+    return made;
+  };
   const std::vector<AgendaItem> before = {item(1, "Welcome"), item(1, "Market review"), item(2, "Europe"),
                                           item(1, "Risks"), item(1, "End")};
   const auto matched = [&](const std::vector<AgendaItem>& after) {
