@@ -42,7 +42,7 @@ TEST_F(Usage, MistakesAreToldInOneLine) {
       {{"run", "alignLefts", deck_, "--view", "reading"}, "there is no view \"reading\""},
       {{"run", "alignLefts", deck_, "--select", "A,C"}, "--select: no shape \"C\" on the slide in view"},
       {{"run", "alignLefts", deck_, "--select", "A,B"}, "2 shapes are called \"B\""},
-      {{"run", "alignLefts", deck_, "--select", "@4,A"}, "no shape \"@4\""},
+      {{"run", "alignLefts", deck_, "--select", "@5,A"}, "no shape \"@5\""},
       {{"run", "alignLefts", deck_, "--select", "A,@1"}, "\"@1\" is selected already"},
       {{"run", "alignLefts", deck_, "--select", "A", "--slides", "1"}, "excludes"},
       {{"run", "alignLefts", deck_, "--slides", "3-1"}, "\"3-1\" is no slide and no range"},

@@ -11,6 +11,7 @@
 #include "base/conversions.h"
 #include "base/text.h"
 #include "core/registry.h"
+#include "platform/paths.h"
 #include "tools/stage.h"
 
 namespace vellumark::tools {
