@@ -60,7 +60,7 @@ void AutoShapeAdjustments::Form_Activate() {
 void AutoShapeAdjustments::btnOK_Click() {
   trap("AutoShapeAdjustments, btnOK_Click", [&] {
     for (std::size_t i = 0; i < tbAdj.size(); ++i) {
-      if (!tbAdj[i].visible() || base::isTypedNumber(tbAdj[i].text())) continue;
+      if (!tbAdj[i].visible() || base::isNumeric(tbAdj[i].text())) continue;
       core::message("Please enter a numeric value for adjustment " + std::to_string(i + 1) + ".",
                     ui::Icon::critical);
       return;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "agenda_items.h"
+#include "agenda_matching.h"
 #include "app/program.h"
 #include "deck/embedded_host.h"
 #include "decks/deck_builder.h"
@@ -96,6 +97,57 @@ TEST_F(Agenda, SlidesOfItemsThatStayKeepTheirPlaces) {
   const host::Presentation presentation = host.open(second);
   EXPECT_EQ(presentation.Tags().Item("zorp_agendaWizardStyle"), "Vellumark Grey");
   EXPECT_EQ(presentation.Slides().Item(4).Shapes().Count(), 7) << "a title, a subtitle and five bars";
+}
+
+TEST_F(Agenda, RewordedItemsAreTheSame) {
+  const auto item = [](int level, const char* text) {
+    AgendaItem made;
+    made.level = level;
+    made.text = text;
+    return made;
+  };
+  const std::vector<AgendaItem> before = {item(1, "Welcome"), item(1, "Market review"), item(2, "Europe"),
+                                          item(1, "Risks"), item(1, "End")};
+  const auto matched = [&](const std::vector<AgendaItem>& after) {
+    std::string places;
+    for (const auto& match : matchItems(before, after)) places += match ? std::to_string(*match) : "-";
+    return places;
+  };
+  EXPECT_EQ(matched(before), "01234");
+  EXPECT_EQ(matched({item(1, "Hello"), item(1, "Market review"), item(1, "Europe"), item(1, "End")}), "0124")
+      << "reworded at the beginning, on another level, and one gone";
+  EXPECT_EQ(matched({item(1, "Welcome"), item(1, "New"), item(1, "Market review 2026"), item(2, "Europe"),
+                     item(1, "Risks"), item(1, "End")}),
+            "0-1234")
+      << "of several the one that is alike";
+  EXPECT_EQ(matched({item(1, "End"), item(1, "Market reviews"), item(1, "Welcome")}), "410")
+      << "elsewhere only what is alike";
+  EXPECT_EQ(matched({}), "");
+}
+
+TEST_F(Agenda, WhatUsersPutOnSlidesStaysWhereItemsAreReworded) {
+  const std::string first = folder_.path("first.pptx");
+  ASSERT_EQ(agenda({deck_, "--items", folder_.write("a.txt", "A\nB\nC\n"), "-o", first}).status, 0);
+  const std::vector<int> before = slideIds(first);
+  const Outcome made =
+      agenda({first, "--items", folder_.write("b.txt", "A\n  Brand new\nC\n"), "--in-place"});
+  EXPECT_EQ(made.status, 0) << made.err;
+  EXPECT_NE(made.err.find("\"B\" is now \"Brand new\" and keeps its slide"), std::string::npos) << made.err;
+  EXPECT_EQ(slideIds(first), before);
+
+  const std::string bytes = test::readFile(first);
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"--items", folder_.write("c.csv", "text,own slide\nA,no\n")},
+        std::vector<std::string>{"--title", "two\nlines"}, std::vector<std::string>{"--subtitle", "\x01"}}) {
+    std::vector<std::string> all{first, "--in-place"};
+    all.insert(all.end(), arguments.begin(), arguments.end());
+    EXPECT_NE(agenda(all).status, 0) << arguments.front();
+    EXPECT_EQ(test::readFile(first), bytes) << arguments.front();
+  }
+  EXPECT_EQ(agenda({first, "--title", "Caf\xE9", "--in-place"}).status, 0);
+  deck::EmbeddedHost host;
+  EXPECT_EQ(host.open(first).Slides().Item(2).Shapes().Placeholders().Item(1).TextFrame().TextRange().Text(),
+            "Café");
 }
 
 TEST_F(Agenda, PageNumbersAreCompleteAtOnce) {

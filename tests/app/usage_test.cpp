@@ -18,6 +18,8 @@ class Usage : public testing::Test {
     slide.shape("rect", 10, 10, 50, 50).named("A");
     slide.shape("rect", 100, 100, 50, 50).named("B");
     slide.shape("rect", 200, 100, 50, 50).named("B");
+    const auto group = slide.group(300, 100, 50, 50).named("G");
+    group.children().shape("rect", 300, 100, 50, 50).named("Inner").withId(77);
     builder.save(deck_);
   }
   TempFolder folder_;
@@ -40,7 +42,7 @@ TEST_F(Usage, MistakesAreToldInOneLine) {
       {{"run", "alignLefts", deck_, "--view", "reading"}, "there is no view \"reading\""},
       {{"run", "alignLefts", deck_, "--select", "A,C"}, "--select: no shape \"C\" on the slide in view"},
       {{"run", "alignLefts", deck_, "--select", "A,B"}, "2 shapes are called \"B\""},
-      {{"run", "alignLefts", deck_, "--select", "@4,A"}, "no shape \"@4\""},
+      {{"run", "alignLefts", deck_, "--select", "@5,A"}, "no shape \"@5\""},
       {{"run", "alignLefts", deck_, "--select", "A,@1"}, "\"@1\" is selected already"},
       {{"run", "alignLefts", deck_, "--select", "A", "--slides", "1"}, "excludes"},
       {{"run", "alignLefts", deck_, "--slides", "3-1"}, "\"3-1\" is no slide and no range"},
@@ -51,6 +53,9 @@ TEST_F(Usage, MistakesAreToldInOneLine) {
       {{"run", "alignLefts", deck_, "-o", "x.pptx", "--in-place"}, "excludes"},
       {{"run", "alignLefts", deck_, "--root", folder_.path("nowhere")}, "there is no such folder"},
       {{"demo", deck_}, "-o is required"},
+      {{"run", "alignLefts", deck_, "-o", ""}, "-o: names no file"},
+      {{"run", "alignLefts", deck_, "--select", "A,#77"}, "\"#77\" lies in the group \"G\""},
+      {{"run", "alignLefts", deck_, "--copy", "C", "--select", "A"}, "--copy: no shape \"C\""},
   };
   for (const auto& c : cases) {
     auto arguments = c.arguments;

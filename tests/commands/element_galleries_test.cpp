@@ -160,8 +160,9 @@ TEST_F(ElementGalleries, WhatStandsInTheWayIsToldAndChangesNothing) {
   core::globals().currentStyle = "Blue";
   slideWizard_onAction(gallery("One\\Lost"), "", 0);
   EXPECT_EQ(messages.take(),
-            Texts{boxStart + "critical] The template file '" + core::globals().stylesFolder +
-                  "Blue\\gone.pptx' could not be found.\r\nPlease check your installation and contact us at "
+            Texts{boxStart + "critical] The template file '" +
+                  platform::toSystem(core::globals().stylesFolder + "Blue\\gone.pptx") +
+                  "' could not be found.\r\nPlease check your installation and contact us at "
                   "support@vellumark.example if the problem persists."});
   EXPECT_EQ(counters(), "statsSlideWizard 1; ") << "counted before the template is looked for";
   EXPECT_EQ(numberOf([] { slideWizard_onAction(gallery("One\\Lost"), "", 1); }),

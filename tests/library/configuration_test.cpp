@@ -66,7 +66,7 @@ TEST_F(ConfigurationTest, AMenuWithoutStylesLoads) {
 
 TEST_F(ConfigurationTest, WhatCannotBeLoadedIsToldAndLeavesAnEmptyDocument) {
   const std::string tail =
-      " \r\n\r\n" + globals().configFolder + "menu.xml\r\n\r\n could not be found or is corrupted.";
+      " \r\n\r\n" + folder_.path("config/menu.xml") + "\r\n\r\n could not be found or is corrupted.";
   const std::string ribbonText = title + " [critical] The Slide Wizard configuration file" + tail;
   const std::string toolbarText = title + " [critical] The menu configuration file" + tail;
   for (const char* content : {"", "<Vellumark><style name='A' folder='a'/>", "<a/><b/>"}) {

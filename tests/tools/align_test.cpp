@@ -120,6 +120,20 @@ TEST_F(Align, GoldenSection) {
   expectFrame("S", {70, 156.393, 30, 40});
 }
 
+// A size of nothing leaves the follower alone, and the sums have to come out as nothing.
+TEST_F(Align, WhatHasNoRoomStays) {
+  decks::DeckBuilder figures;
+  auto slide = figures.slide();
+  add(slide, "M", {10, 200, 20, 20}, 90);
+  add(slide, "S", {10, 20, 20, 20}, 90);
+  deck = figures;
+  open();
+  select({"S", "M"});
+  tools.stretchRightToMasterLeft();
+  reopen();
+  expectFrame("S", {10, 20, 20, 20});
+}
+
 // The message comes for each turned follower, and the move that follows the resizing still happens.
 TEST_F(Align, StretchingATurnedShapeMovesIt) {
   select({"C", "A", "N"});

@@ -11,6 +11,7 @@
 #include "base/conversions.h"
 #include "base/text.h"
 #include "core/registry.h"
+#include "platform/paths.h"
 #include "tools/stage.h"
 
 namespace vellumark::tools {
@@ -293,12 +294,12 @@ TEST_F(Copyright, WhatMustBeThereFirst) {
       "problem persists.";
   tools.insertCopyright(1);  // the second template of old hosts is missing
   EXPECT_EQ(shapesOf(2), Texts{"Internal"});
-  EXPECT_EQ(told(), Texts{product + "[critical] The template file '" + folder.path("styles") +
-                          "\\House\\copyright_title.ppt" + advice});
+  EXPECT_EQ(told(), Texts{product + "[critical] The template file '" +
+                          folder.path("styles/House/copyright_title.ppt") + advice});
   core::globals().currentStyle = "None";
   tools.insertCopyright(1);
-  EXPECT_EQ(told(), Texts{product + "[critical] The template file '" + folder.path("styles") +
-                          "\\None\\copyright_slide.ppt" + advice});
+  EXPECT_EQ(told(), Texts{product + "[critical] The template file '" +
+                          folder.path("styles/None/copyright_slide.ppt") + advice});
   host->showView(host::ppViewSlideSorter);
   tools.insertCopyright(1);
   while (presentation.Slides().Count() > 0) slide(1).Delete();
