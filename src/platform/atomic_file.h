@@ -5,8 +5,8 @@
 
 namespace vellumark::platform {
 
-/// When the bytes of a new file reach the disk: before it takes its name, or with the next flushFolder(). Until
-/// then a crash of the system may leave it empty, so that the latter is for what can be made again.
+/// When the bytes of a new file reach the disk: before it takes its name, or with the next flushFolder().
+/// Until then a crash of the system may leave it empty, so that the latter is for what can be made again.
 enum class Flush { now, later };
 
 /// A new file beside its target. The caller writes to temporaryPath(); commit() brings the bytes safely to
@@ -34,8 +34,8 @@ class AtomicFile {
   bool committed_ = false;
 };
 
-/// Brings everything that was written to a folder to the disk, on systems that do so for a whole folder; others
-/// write it within seconds by themselves. A folder that isn't there is passed over.
+/// Brings everything that was written to a folder to the disk, on systems that do so for a whole folder;
+/// others write it within seconds by themselves. A folder that isn't there is passed over.
 void flushFolder(const std::string& folder);
 
 }  // namespace vellumark::platform
