@@ -36,32 +36,9 @@ constexpr std::array<ViewName, 10> views{{{"slide", host::ppViewSlide},
                                           {"normal", host::ppViewNormal},
                                           {"thumbnails", host::ppViewThumbnails}}};
 
-host::Shape byId(const host::Shapes& shapes, std::int32_t id) {
-  const int count = shapes.Count();
-  for (int i = 1; i <= count; ++i) {
-    if (host::Shape shape = shapes.Item(i); shape.Id() == id) return shape;
-  }
-  return {};
-}
-
-/// Names match exactly; only where none does, without the blanks around what the user wrote.
-std::vector<host::Shape> byName(const host::Shapes& shapes, const std::string& name) {
-  std::vector<host::Shape> exact, trimmed;
-  const int count = shapes.Count();
-  for (int i = 1; i <= count; ++i) {
-    const host::Shape shape = shapes.Item(i);
-    const std::string itsName = shape.Name();
-    if (itsName == name) exact.push_back(shape);
-    if (itsName == base::trim(name)) trimmed.push_back(shape);
-  }
-  return exact.empty() ? trimmed : exact;
-}
-
 /// The name of the group that holds a shape of that name or #id, on whatever level; empty where none does.
-std::string groupAround(const host::Shapes& shapes, const std::string& reference) {
-  const int count = shapes.Count();
-  for (int i = 1; i <= count; ++i) {
-    const host::Shape group = shapes.Item(i);
+std::string groupAround(const std::vector<host::Shape>& shapes, const std::string& reference) {
+  for (const host::Shape& group : shapes) {
     if (group.Type() != host::msoGroup) continue;
     const host::GroupShapes members = group.GroupItems();
     const int memberCount = members.Count();
@@ -162,28 +139,38 @@ std::int32_t parseView(std::string_view name) {
   refuseName("--view", "view", name, names);
 }
 
-host::Shape findShape(const host::Shapes& shapes, const std::string& reference, const std::string& option) {
-  std::vector<host::Shape> found = byName(shapes, reference);
+ShapeReferences::ShapeReferences(const host::Shapes& shapes, std::string option)
+    : option_(std::move(option)) {
+  const int count = shapes.Count();
+  for (int i = 1; i <= count; ++i) {
+    const host::Shape& shape = shapes_.emplace_back(shapes.Item(i));
+    names_[shape.Name()].push_back(shapes_.size() - 1);
+    ids_.emplace(shape.Id(), shapes_.size() - 1);
+  }
+}
+
+/// Names match exactly; only where none does, without the blanks around what the user wrote.
+host::Shape ShapeReferences::find(const std::string& reference) const {
   const std::string text = base::trim(reference);
-  if (found.empty() && text.size() > 1 && (text[0] == '#' || text[0] == '@')) {
-    const auto number = parsePosition(std::string_view(text).substr(1));
-    if (number && text[0] == '#') {
-      if (const host::Shape shape = byId(shapes, *number)) found.push_back(shape);
-    } else if (number && *number <= shapes.Count()) {
-      found.push_back(shapes.Item(*number));
-    }
-  }
-  if (found.empty()) {
-    if (const std::string group = groupAround(shapes, text); !group.empty()) {
-      misused(option + ": \"" + text + "\" lies in the group \"" + group + "\"; take the group as a whole");
-    }
-    misused(option + ": no shape \"" + text + "\" on the slide in view; \"vellumark show DECK\" lists them");
-  }
-  if (found.size() > 1) {
-    misused(option + ": " + std::to_string(found.size()) + " shapes are called \"" + text +
+  auto named = names_.find(reference);
+  if (named == names_.end()) named = names_.find(text);
+  if (named != names_.end()) {
+    if (named->second.size() == 1) return shapes_[named->second.front()];
+    misused(option_ + ": " + std::to_string(named->second.size()) + " shapes are called \"" + text +
             "\"; take one by its #id or @index");
   }
-  return found.front();
+  if (text.size() > 1 && (text[0] == '#' || text[0] == '@')) {
+    const auto number = parsePosition(std::string_view(text).substr(1));
+    if (number && text[0] == '#') {
+      if (const auto place = ids_.find(*number); place != ids_.end()) return shapes_[place->second];
+    } else if (number && static_cast<std::size_t>(*number) <= shapes_.size()) {
+      return shapes_[static_cast<std::size_t>(*number) - 1];
+    }
+  }
+  if (const std::string group = groupAround(shapes_, text); !group.empty()) {
+    misused(option_ + ": \"" + text + "\" lies in the group \"" + group + "\"; take the group as a whole");
+  }
+  misused(option_ + ": no shape \"" + text + "\" on the slide in view; \"vellumark show DECK\" lists them");
 }
 
 }  // namespace vellumark::app

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -41,8 +42,21 @@ CellSpots parseCellSpots(std::string_view text);
 /// sorter, titlemaster, normal or thumbnails.
 std::int32_t parseView(std::string_view name);
 
-/// The shape that a reference points at: its name, #id or @index (from 1, the one at the back first). A
-/// Failure of usage where there is none, or where several have the name. `option` is named in the failure.
-host::Shape findShape(const host::Shapes& shapes, const std::string& reference, const std::string& option);
+/// Shapes by the references that users point at them with: name, #id or @index (from 1, the one at the back
+/// first).
+class ShapeReferences {
+ public:
+  /// `option` is named in failures.
+  ShapeReferences(const host::Shapes& shapes, std::string option);
+  /// The shape that a reference means. A Failure of usage where there is none, or where several have the
+  /// name.
+  host::Shape find(const std::string& reference) const;
+
+ private:
+  std::string option_;
+  std::vector<host::Shape> shapes_;
+  std::unordered_map<std::string, std::vector<std::size_t>> names_;  ///< places in shapes_
+  std::unordered_map<std::int32_t, std::size_t> ids_;                ///< of several the first
+};
 
 }  // namespace vellumark::app

@@ -1,6 +1,6 @@
 #include "boxes.h"
 
-#include <algorithm>
+#include <unordered_map>
 
 #include "base/trap.h"
 #include "tools/trimline_tools.h"
@@ -44,12 +44,14 @@ std::vector<Snapshot> takeSnapshots(const host::Shapes& shapes) {
 Table boxTable(const std::vector<Snapshot>& before, const std::vector<Snapshot>& after, Show show) {
   constexpr auto right = Table::Align::right;
   Table table({{"shape"}, {"left", right}, {"top", right}, {"width", right}, {"height", right}});
+  std::unordered_map<int, const VisualBox*> known;
+  for (const Snapshot& was : before) known.emplace(was.id, &was.box);
   for (const Snapshot& now : after) {
-    const auto was =
-        std::find_if(before.begin(), before.end(), [&](const Snapshot& s) { return s.id == now.id; });
-    if (was == before.end() || (show == Show::changed && looksTheSame(was->box, now.box))) continue;
-    table.row({excerpt(now.name, 40), change(was->box.left, now.box.left), change(was->box.top, now.box.top),
-               change(was->box.width, now.box.width), change(was->box.height, now.box.height)});
+    const auto found = known.find(now.id);
+    if (found == known.end() || (show == Show::changed && looksTheSame(*found->second, now.box))) continue;
+    const VisualBox& was = *found->second;
+    table.row({excerpt(now.name, 40), change(was.left, now.box.left), change(was.top, now.box.top),
+               change(was.width, now.box.width), change(was.height, now.box.height)});
   }
   return table;
 }

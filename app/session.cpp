@@ -1,6 +1,6 @@
 #include "session.h"
 
-#include <algorithm>
+#include <unordered_set>
 
 #include "arguments.h"
 #include "bars.h"
@@ -104,17 +104,15 @@ std::vector<host::Shape> Session::findShapes(const std::string& references, cons
     throw Failure(Exit::usage,
                   option + ": no slide is in view; choose one with --slide, in a view that shows it");
   }
+  const ShapeReferences known(shapes, option);
   std::vector<host::Shape> found;
-  std::vector<int> ids;
+  std::unordered_set<int> ids;
   for (const std::string& reference : splitList(references)) {
-    const host::Shape shape = findShape(shapes, reference, option);
-    const int id = shape.Id();
-    if (std::find(ids.begin(), ids.end(), id) != ids.end()) {
+    found.push_back(known.find(reference));
+    if (!ids.insert(found.back().Id()).second) {
       throw Failure(Exit::usage,
                     option + ": \"" + reference + "\" is selected already; name each shape once");
     }
-    ids.push_back(id);
-    found.push_back(shape);
   }
   return found;
 }
@@ -139,7 +137,7 @@ void Session::selectText(const std::string& spot) {
   if (!shapes)
     throw Failure(Exit::usage,
                   "--text: no slide is in view; choose one with --slide, in a view that shows it");
-  const host::Shape shape = findShape(shapes, text.shape, "--text");
+  const host::Shape shape = ShapeReferences(shapes, "--text").find(text.shape);
   if (shape.HasTextFrame() == host::msoFalse) {
     throw Failure(Exit::usage, "--text: \"" + text.shape + "\" holds no text; take a shape that does");
   }
@@ -152,7 +150,7 @@ void Session::selectCells(const std::string& spots) {
   if (!shapes)
     throw Failure(Exit::usage,
                   "--cells: no slide is in view; choose one with --slide, in a view that shows it");
-  const host::Shape shape = findShape(shapes, cells.table, "--cells");
+  const host::Shape shape = ShapeReferences(shapes, "--cells").find(cells.table);
   if (shape.HasTable() == host::msoFalse) {
     throw Failure(Exit::usage, "--cells: \"" + cells.table + "\" is no table; take a shape that is one");
   }

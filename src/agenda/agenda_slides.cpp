@@ -2,6 +2,7 @@
 // highlighted.
 
 #include <algorithm>
+#include <optional>
 
 #include "agenda/agenda_colors.h"
 #include "agenda/agenda_ties.h"
@@ -156,10 +157,12 @@ void AgendaWizard::addSubtitle(const host::Slide& slide) const {
   frame.MarginBottom(0);
 }
 
-/// Items that aren't shown and breaks take their time; an item of the first level doesn't stand for the sum
-/// of those below it.
+/// A page number is empty as long as the item's slide isn't made. Items that aren't shown and breaks take
+/// their time; an item of the first level doesn't stand for the sum of those below it.
 void AgendaWizard::addRows(const host::Slide& slide, AgendaNumbers& numbers,
                            std::int16_t currentVisibleIndex) {
+  const std::optional<PageNumbers> pages =
+      cbShowPageNumbers.value() ? std::optional<PageNumbers>(agendaPresentation) : std::nullopt;
   std::int16_t clock = integer(agendaDoc.agenda(), "startTime");
   std::int16_t rowIndex = 0;
   for (const pugi::xml_node& item : agendaDoc.items()) {
@@ -173,18 +176,12 @@ void AgendaWizard::addRows(const host::Slide& slide, AgendaNumbers& numbers,
     addAgendaItem(slide, integer(item, "level"), rowIndex == currentVisibleIndex ? 1 : 0,
                   integer(item, "break"), rowIndex, number, attributeText(item, "text"),
                   attributeText(item, "responsible"), timeSlot,
-                  cbShowPageNumbers.value() ? pageNumberOf(item) : "");
+                  pages ? pages->of(attributeText(item, "slideID")) : "");
   }
 }
 
 std::string AgendaWizard::numberOf(AgendaNumbers& numbers, const pugi::xml_node& item) const {
   return numbers.text(numbers.count(integer(item, "level"), flag(item, "break"), *this));
-}
-
-/// Empty as long as the item's slide isn't made.
-std::string AgendaWizard::pageNumberOf(const pugi::xml_node& item) const {
-  const host::Slide slide = findSlide(agendaPresentation, attributeText(item, "slideID"));
-  return slide ? std::to_string(slide.SlideNumber()) : "";
 }
 
 /// Slides of deleted items go, and the order of all that stay is remembered while page numbers are shown.

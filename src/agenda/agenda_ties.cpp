@@ -41,6 +41,27 @@ host::Slide findSlide(const host::Presentation& presentation, const std::string&
   });
 }
 
+PageNumbers::PageNumbers(const host::Presentation& presentation) : presentation_(presentation) {
+  trap("AgendaWizard, findSlide", [&] {
+    const host::Slides slides = presentation_.Slides();
+    const int count = slides.Count();
+    for (int i = 1; i <= count; ++i) {
+      const host::Slide slide = slides.Item(i);
+      const std::string id = slide.Tags().Item(tags::slideID);
+      if (!id.empty()) numbers_.try_emplace(id, slide.SlideNumber());
+    }
+  });
+}
+
+std::string PageNumbers::of(const std::string& slideID) const {
+  if (base::length16(slideID) < guidLength) {
+    const host::Slide slide = findSlide(presentation_, slideID);
+    return slide ? std::to_string(slide.SlideNumber()) : "";
+  }
+  const auto found = numbers_.find(slideID);
+  return found == numbers_.end() ? "" : std::to_string(found->second);
+}
+
 void saveShapeContent(const host::Shape& shape, const std::string& text) {
   shape.Tags().Add(tags::content, "/" + text);
 }

@@ -2,6 +2,7 @@
 // What ties slides and shapes to the agenda: tags, which stay with them wherever the user moves them.
 
 #include <string>
+#include <unordered_map>
 
 #include "host/presentation.h"
 
@@ -35,6 +36,19 @@ std::string orderEntry(const host::Slide& slide);
 /// What an item's slideID names, or nothing: from 36 characters up it is the GUID that the slide carries in a
 /// tag, below that the host's own number of the slide.
 host::Slide findSlide(const host::Presentation& presentation, const std::string& slideID);
+
+/// The page numbers of a presentation's slides as they are at one moment, looked up by what findSlide()
+/// takes.
+class PageNumbers {
+ public:
+  explicit PageNumbers(const host::Presentation& presentation);
+  /// Empty where there is no such slide.
+  std::string of(const std::string& slideID) const;
+
+ private:
+  host::Presentation presentation_;
+  std::unordered_map<std::string, int> numbers_;  ///< by GUID, of several slides the first
+};
 
 /// Remembers a generated text at its shape, behind a "/" that keeps the tag from being empty.
 void saveShapeContent(const host::Shape& shape, const std::string& text);

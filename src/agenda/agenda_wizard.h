@@ -164,7 +164,6 @@ class AgendaWizard : public ui::Form, public AgendaMetrics {
   void addSubtitle(const host::Slide& slide) const;
   void addRows(const host::Slide& slide, AgendaNumbers& numbers, std::int16_t currentVisibleIndex);
   std::string numberOf(AgendaNumbers& numbers, const pugi::xml_node& item) const;
-  std::string pageNumberOf(const pugi::xml_node& item) const;
   void deleteObsoleteSlides();
   void addRowWithBox(const host::Slide& slide, const AgendaRow& row);
   void fillBox(const host::Shape& box, const std::string& number, const pugi::xml_node& look) const;

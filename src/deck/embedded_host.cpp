@@ -2,6 +2,7 @@
 
 #include "deck/model/application.h"
 #include "deck/model/member_table.h"
+#include "deck/model/objects.h"
 #include "deck/model/windows.h"
 
 namespace vellumark::deck {
@@ -34,16 +35,19 @@ void EmbeddedHost::selectShapes(std::span<const host::Shape> shapes) {
     state_->select(state_->windows.front(), {});
     return;
   }
-  bool replace = true;
+  std::vector<ShapeKey> keys;
+  keys.reserve(shapes.size());
   for (const host::Shape& shape : shapes) {
-    shape.Select(replace);
-    replace = false;
+    const ShapeKey* key = shape ? shapeKeyOf(*shape.object()) : nullptr;
+    if (!key) base::raise(base::errors::invalidRequest);
+    keys.push_back(*key);
   }
+  makeShapeRange(state_, std::move(keys))->invoke(host::member::Select, host::Invoke::call, {});
 }
 
 void EmbeddedHost::selectSlides(std::span<const std::int32_t> positions) {
   WindowState& window = state_->activeWindow();
-  const auto slides = window.document->slides();
+  const auto& slides = window.document->slides();
   SelectionState selection;
   for (const std::int32_t position : positions) {
     selection.slides.push_back(slides[collectionIndex(position, slides.size())].id);

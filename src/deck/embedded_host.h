@@ -33,7 +33,7 @@ class EmbeddedHost {
   // What a user does in the active window.
   /// Brings the active pane to a view type (PpViewType).
   void showView(std::int32_t type);
-  /// Selects shapes of the slide in view in that order; nothing for an empty list.
+  /// Selects shapes of the slide in view in that order, all at once; nothing for an empty list.
   void selectShapes(std::span<const host::Shape> shapes);
   /// Selects slides by position from 1.
   void selectSlides(std::span<const std::int32_t> positions);

@@ -16,6 +16,7 @@
 #include "library/hidden_presentation.h"
 #include "library/my_elements.h"
 #include "library/my_elements_index.h"
+#include "platform/atomic_file.h"
 #include "platform/file_date.h"
 #include "platform/paths.h"
 
@@ -33,12 +34,17 @@ class Run {
 
   void make(const host::Slide& slide, const std::string& path) {
     slide.Shapes().Range().Copy();
-    core::createFolder(path.substr(0, path.rfind('\\')));
+    folder_ = path.substr(0, path.rfind('\\'));
+    core::createFolder(folder_);
     if (host::renderClipboardToPng(thumbnails_.thumbsWidth, thumbnails_.thumbsHeight, ground, path) > 0) {
       failed_ = true;
     }
   }
   bool failed() const { return failed_; }
+  /// Brings the pictures that were made to the disk, all at once.
+  void flush() const {
+    if (!folder_.empty()) platform::flushFolder(platform::toSystem(folder_));
+  }
   void tell(const std::string& what) const {
     core::message("An error occurred creating the " + what + " thumbnail images.\r\nPlease contact us at " +
                       std::string(core::supportEmail) + " if the problem persists.",
@@ -47,6 +53,7 @@ class Run {
 
  private:
   const Thumbnails& thumbnails_;
+  std::string folder_;
   bool failed_ = false;
 };
 
@@ -96,6 +103,7 @@ void createSlideWizardThumbs(Thumbnails& thumbnails) {
     }
   }
   if (run.failed()) return run.tell("Slide Wizard");
+  run.flush();
   if (newest > thumbnails.thumbsDate_slideWizard) storeDate("thumbsDate_slideWizard", newest);
   thumbnails.thumbsChecked = true;
 }
@@ -119,6 +127,7 @@ void createMyElementsThumbs(const Thumbnails& thumbnails) {
   }
   if (run.failed()) return run.tell("My Elements");
   if (!date) base::raise(base::errors::objectNotSet);
+  run.flush();
   storeDate("thumbsDate_myElements", *date);
 }
 

@@ -5,6 +5,10 @@
 
 namespace vellumark::platform {
 
+/// When the bytes of a new file reach the disk: before it takes its name, or with the next flushFolder().
+/// Until then a crash of the system may leave it empty, so that the latter is for what can be made again.
+enum class Flush { now, later };
+
 /// A new file beside its target. The caller writes to temporaryPath(); commit() brings the bytes safely to
 /// the disk and gives the file the target's name. Without commit() the temporary file vanishes and the target
 /// stays as it was. A target that is a link is followed; the mode of a file that is replaced is kept.
@@ -22,12 +26,16 @@ class AtomicFile {
 
   const std::string& temporaryPath() const { return temporary_; }
   /// base::Error 75 where the system refuses; the target is then as before.
-  void commit();
+  void commit(Flush flush = Flush::now);
 
  private:
   std::string target_;
   std::string temporary_;
   bool committed_ = false;
 };
+
+/// Brings everything that was written to a folder to the disk, on systems that do so for a whole folder;
+/// others write it within seconds by themselves. A folder that isn't there is passed over.
+void flushFolder(const std::string& folder);
 
 }  // namespace vellumark::platform

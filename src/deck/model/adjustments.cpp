@@ -78,7 +78,7 @@ class AdjustmentsObject : public ModelObject<AdjustmentsObject> {
     values[place] = toFile(geometry, item, guides[place], value);
 
     writePreset(shape_, std::string(geometry.preset), values);
-    shape_.sheet.touch();
+    shape_.sheet.touch(Change::contents);
   }
 
  private:

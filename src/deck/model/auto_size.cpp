@@ -72,7 +72,7 @@ bool fitOnce(const ShapeKey& shape) {
 }  // namespace
 
 void textChanged(const ShapeKey& shape) {
-  shape.sheet.touch();
+  shape.sheet.touch(Change::contents);
   if (isTableCell(shape.node)) return fitRow(shape);
   if (textFit(shape) != TextFit::shape || shapeElement(shape.node) != ShapeElement::shape) return;
   // What a form takes from its frame changes with the frame.

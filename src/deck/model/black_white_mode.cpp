@@ -90,7 +90,7 @@ void setBlackWhiteMode(const ShapeKey& shape, std::int32_t mode) {
     if (shapeElement(shapes[i]) != ShapeElement::group) continue;
     for (const xml_node member : shapeNodes(shapes[i])) shapes.push_back(member);
   }
-  shape.sheet.touch();
+  shape.sheet.touch(Change::contents);
 }
 
 std::int32_t backgroundMode(const Sheet& sheet) {

@@ -33,7 +33,7 @@ class ColorFormatObject : public ModelObject<ColorFormatObject> {
   void setRgb(std::int32_t rgb) {
     if (rgb < 0 || rgb > 0xFFFFFF) base::raise(base::errors::outOfRange);
     place_.change([&](pugi::xml_node holder) { setColor(holder, rgb); });
-    place_.sheet.touch();
+    place_.sheet.touch(Change::contents);
   }
 
   /// 0 where the colour is not one of the scheme.
@@ -42,7 +42,7 @@ class ColorFormatObject : public ModelObject<ColorFormatObject> {
     const std::string_view name = schemeName(index);
     if (name.empty()) base::raise(base::errors::outOfRange);
     place_.change([&](pugi::xml_node holder) { setThemeColor(holder, name); });
-    place_.sheet.touch();
+    place_.sheet.touch(Change::contents);
   }
 
  private:

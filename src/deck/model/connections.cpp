@@ -4,9 +4,7 @@
 #include <array>
 #include <cmath>
 #include <map>
-#include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,6 +13,7 @@
 #include "deck/model/preset_adjustments.h"
 #include "deck/model/shape_geometry.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/sheet_index.h"
 
 namespace vellumark::deck {
 namespace {
@@ -54,7 +53,6 @@ Point placeAt(const ShapeFrame& frame, Point share) {
 /// All connectors run from the left upper corner of their frame to the right lower one, before the frame is
 /// mirrored and turned.
 using Ends = std::array<Point, 2>;
-constexpr const char* endNames[] = {"a:stCxn", "a:endCxn"};
 
 Ends endsOf(const ShapeFrame& frame) {
   const Point half{frame.width / (frame.flipH ? -2 : 2), frame.height / (frame.flipV ? -2 : 2)};
@@ -72,56 +70,6 @@ ShapeFrame between(const Ends& ends, ShapeFrame frame) {
   frame.y = std::round((ends[0].y + ends[1].y) / 2 - frame.height / 2);
   return frame;
 }
-
-std::int32_t gluedTo(xml_node connector, const char* end) {
-  return kindProperties(connector).child(end).attribute("id").as_int();
-}
-
-void appendConnectors(xml_node parent, std::vector<xml_node>& connectors) {
-  for (const xml_node node : shapeNodes(parent)) {
-    if (shapeElement(node) == ShapeElement::group) appendConnectors(node, connectors);
-    if (shapeElement(node) == ShapeElement::connector) connectors.push_back(node);
-  }
-}
-
-xml_node shapeWithId(xml_node parent, std::int32_t id) {
-  if (id == 0) return {};
-  for (const xml_node node : shapeNodes(parent)) {
-    if (shapeId(node) == id) return node;
-    if (shapeElement(node) != ShapeElement::group) continue;
-    if (const xml_node found = shapeWithId(node, id)) return found;
-  }
-  return {};
-}
-
-/// The shapes of the last sheet that connectors are glued to. Frames say nothing of that, so that a row of
-/// moves needs one look at the sheet.
-class GluedShapes {
- public:
-  const std::set<std::int32_t>& of(const Sheet& sheet) {
-    if (part_.lock() != sheet.part || revision_ != sheet.part->revision()) read(sheet);
-    return ids_;
-  }
-  /// Only frames were written since of() was asked.
-  void still(const Sheet& sheet) { revision_ = sheet.part->revision(); }
-
- private:
-  void read(const Sheet& sheet) {
-    ids_.clear();
-    std::vector<xml_node> connectors;
-    appendConnectors(sheet.shapeTree(), connectors);
-    for (const xml_node connector : connectors) {
-      for (const char* end : endNames) ids_.insert(gluedTo(connector, end));
-    }
-    ids_.erase(0);
-    part_ = sheet.part;
-    revision_ = sheet.part->revision();
-  }
-
-  std::weak_ptr<Part> part_;
-  std::uint64_t revision_ = 0;
-  std::set<std::int32_t> ids_;
-};
 
 /// What moves with a shape, by id: itself, and what stands in a group.
 void appendMoved(xml_node shape, std::map<std::int32_t, xml_node>& moved) {
@@ -168,22 +116,23 @@ struct GluedConnector {
   std::array<Point, 2> shares;     ///< where they touch these
 };
 
-std::vector<GluedConnector> gluedConnectors(const Sheet& sheet,
+/// The connectors that follow when some shapes move, in their order on the sheet.
+std::vector<GluedConnector> gluedConnectors(const Sheet& sheet, SheetIndex& index,
                                             const std::map<std::int32_t, xml_node>& moved) {
+  std::map<std::size_t, xml_node> connectors;
+  for (const auto& [id, shape] : moved) connectors.insert(index.gluedTo(id).begin(), index.gluedTo(id).end());
   std::vector<GluedConnector> glued;
-  std::vector<xml_node> connectors;
-  appendConnectors(sheet.shapeTree(), connectors);
-  for (const xml_node node : connectors) {
+  for (const auto& [place, node] : connectors) {
     if (const auto own = moved.find(shapeId(node)); own != moved.end() && own->second == node) continue;
     GluedConnector connector{{sheet, node}, {}, {}};
     const Ends ends = endsOf(frameOf(connector.key));
     for (const std::size_t end : {0U, 1U}) {
-      const auto shape = moved.find(gluedTo(node, endNames[end]));
+      const auto shape = moved.find(gluedId(node, connectorEnds[end]));
       if (shape == moved.end() || shape->first == 0) continue;
       connector.shapes[end] = shape->second;
       connector.shares[end] = shareOf(slideFrame({sheet, shape->second}), ends[end]);
     }
-    if (connector.shapes[0] || connector.shapes[1]) glued.push_back(connector);
+    glued.push_back(connector);
   }
   return glued;
 }
@@ -219,7 +168,8 @@ bool findWay(const ShapeKey& connector, const Ends& ends, const ShapeFrame& befo
 
   std::array<std::optional<Side>, 2> sides;
   for (const std::size_t end : {0U, 1U}) {
-    const xml_node shape = shapeWithId(connector.sheet.shapeTree(), gluedTo(connector.node, endNames[end]));
+    const xml_node shape =
+        SheetIndex::of(connector.sheet)->withId(gluedId(connector.node, connectorEnds[end]));
     if (shape) sides[end] = sideAt(slideFrame({connector.sheet, shape}), ends[end]);
     if (!sides[end]) return false;
   }
@@ -251,17 +201,14 @@ void follow(const GluedConnector& connector) {
 }  // namespace
 
 void moveShape(const ShapeKey& shape, const ShapeFrame& frame) {
-  static GluedShapes known;
   std::vector<GluedConnector> connectors;
-  if (const std::set<std::int32_t>& glued = known.of(shape.sheet); !glued.empty()) {
+  if (const auto index = SheetIndex::of(shape.sheet); index->hasGlue()) {
     std::map<std::int32_t, xml_node> moved;
     appendMoved(shape.node, moved);
-    const auto isGlued = [&](const auto& entry) { return glued.contains(entry.first); };
-    if (std::ranges::any_of(moved, isGlued)) connectors = gluedConnectors(shape.sheet, moved);
+    connectors = gluedConnectors(shape.sheet, *index, moved);
   }
   setSlideFrame(shape, frame);
   for (const GluedConnector& connector : connectors) follow(connector);
-  known.still(shape.sheet);
 }
 
 }  // namespace vellumark::deck

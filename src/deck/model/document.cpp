@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <string_view>
+#include <unordered_map>
 
 #include "base/error.h"
 #include "deck/model/new_presentation.h"
@@ -112,14 +113,14 @@ std::string Document::folder() const {
 
 void Document::close() { closed_ = true; }
 
-void Document::touch(Part& part) {
+void Document::touch(Part& part, Change change) {
   const auto draft = std::ranges::find(drafts_, &part, [](const Draft& one) { return one.part.get(); });
   if (draft != drafts_.end()) {
     const std::function<void()> adopt = std::move(draft->adopt);
     drafts_.erase(draft);
     adopt();
   }
-  part.touch();
+  part.touch(change);
   saved_ = false;
 }
 
@@ -180,71 +181,80 @@ void Document::dropLoose() {
   package_->removeUnreachable(targets);
 }
 
-std::vector<SlideEntry> Document::slides() const {
+/// The slides as presentation.xml lists them, found by what they are known by; of several the first.
+struct Document::SlideList {
   std::vector<SlideEntry> entries;
-  for (pugi::xml_node node : presentation().child("p:sldIdLst").children("p:sldId")) {
-    entries.push_back({node.attribute("id").as_int(), node.attribute("r:id").value(), node});
-  }
-  return entries;
+  std::unordered_map<std::int32_t, std::size_t> positions;  ///< by id
+  std::unordered_map<const Part*, std::int32_t> ids;        ///< filled when first asked for
+};
+
+Document::SlideList& Document::slideList() const {
+  return *presentation_->kept<SlideList>([&] {
+    auto list = std::make_shared<SlideList>();
+    for (pugi::xml_node node : presentation().child("p:sldIdLst").children("p:sldId")) {
+      const std::int32_t id = node.attribute("id").as_int();
+      list->positions.emplace(id, list->entries.size());
+      list->entries.push_back({id, node.attribute("r:id").value(), node});
+    }
+    return list;
+  });
 }
 
-std::size_t Document::slideCount() const {
-  const auto entries = presentation().child("p:sldIdLst").children("p:sldId");
-  return static_cast<std::size_t>(std::distance(entries.begin(), entries.end()));
-}
+const std::vector<SlideEntry>& Document::slides() const { return slideList().entries; }
+
+std::size_t Document::slideCount() const { return slides().size(); }
 
 Sheet Document::slide(std::int32_t id) {
-  for (pugi::xml_node node : presentation().child("p:sldIdLst").children("p:sldId")) {
-    if (node.attribute("id").as_int() != id) continue;
-    const Relationship* relationship = presentation_->relationship(value(node, "r:id"));
-    PartRef part = relationship ? presentation_->target(*relationship) : nullptr;
-    if (!part) {
-      throw FormatError(presentation_->name(),
-                        "the slide with id " + std::to_string(id) + " names relationship '" +
-                            std::string(value(node, "r:id")) + "', which leads to no part");
-    }
-    return sheet(std::move(part));
+  const int position = slidePosition(id);
+  if (position < 0) {
+    base::raise(base::errors::invalidRequest,
+                "Slides.FindBySlideID: Invalid request. No slide has the id " + std::to_string(id) + ".");
   }
-  base::raise(base::errors::invalidRequest,
-              "Slides.FindBySlideID: Invalid request. No slide has the id " + std::to_string(id) + ".");
+  const SlideEntry& entry = slides()[static_cast<std::size_t>(position)];
+  const Relationship* relationship = presentation_->relationship(entry.relationshipId);
+  PartRef part = relationship ? presentation_->target(*relationship) : nullptr;
+  if (!part) {
+    throw FormatError(presentation_->name(), "the slide with id " + std::to_string(id) +
+                                                 " names relationship '" + entry.relationshipId +
+                                                 "', which leads to no part");
+  }
+  return sheet(std::move(part));
 }
 
 std::int32_t Document::slideId(const Sheet& sheet) {
   if (!sheet || sheet.part->removed()) return 0;
-  for (pugi::xml_node node : presentation().child("p:sldIdLst").children("p:sldId")) {
-    const Relationship* relationship = presentation_->relationship(value(node, "r:id"));
-    if (relationship && presentation_->target(*relationship) == sheet.part)
-      return node.attribute("id").as_int();
+  SlideList& list = slideList();
+  if (list.ids.empty()) {
+    for (const SlideEntry& entry : list.entries) {
+      const Relationship* relationship = presentation_->relationship(entry.relationshipId);
+      const PartRef part = relationship ? presentation_->target(*relationship) : nullptr;
+      if (part) list.ids.emplace(part.get(), entry.id);
+    }
   }
-  return 0;
+  const auto found = list.ids.find(sheet.part.get());
+  return found == list.ids.end() ? 0 : found->second;
 }
 
 int Document::slidePosition(std::int32_t id) const {
-  int position = 0;
-  for (pugi::xml_node node : presentation().child("p:sldIdLst").children("p:sldId")) {
-    if (node.attribute("id").as_int() == id) return position;
-    ++position;
-  }
-  return -1;
+  const auto& positions = slideList().positions;
+  const auto found = positions.find(id);
+  return found == positions.end() ? -1 : static_cast<int>(found->second);
 }
 
 void Document::deleteSlide(std::int32_t id) {
   const Sheet gone = slide(id);
   nextSlideId();  // so that the id counts as used even if it was the highest
-  for (const SlideEntry& entry : slides()) {
-    if (entry.id == id) {
-      for (const auto& listed : presentation().select_nodes("p:custShowLst/p:custShow/p:sldLst/p:sld")) {
-        if (value(listed.node(), "r:id") == entry.relationshipId) presentation_->bury(listed.node());
-      }
-      presentation_->bury(entry.node);
-      presentation_->unrelate(entry.relationshipId);
-      break;
-    }
+  const SlideEntry entry = slides()[static_cast<std::size_t>(slidePosition(id))];
+  for (const auto& listed : presentation().select_nodes("p:custShowLst/p:custShow/p:sldLst/p:sld")) {
+    if (value(listed.node(), "r:id") == entry.relationshipId) presentation_->bury(listed.node());
   }
+  presentation_->bury(entry.node);
+  presentation_->unrelate(entry.relationshipId);
   dropFromExtensions(*presentation_, presentation(), id);
   // Hyperlinks of other slides to this one lose their target, so they go too.
-  for (const SlideEntry& entry : slides()) {
-    const Sheet other = slide(entry.id);
+  const std::vector<SlideEntry> others = slides();
+  for (const SlideEntry& remaining : others) {
+    const Sheet other = slide(remaining.id);
     std::vector<std::string> links;
     for (const Relationship& relationship : other.part->relationships()) {
       if (relationship.is("slide") && other.part->target(relationship) == gone.part)
@@ -287,7 +297,7 @@ std::int32_t Document::listSlide(std::size_t position, const PartRef& part) {
       presentation(), "p:sldIdLst",
       {"p:sldSz", "p:notesSz", "p:smartTags", "p:embeddedFontLst", "p:custShowLst", "p:photoAlbum",
        "p:custDataLst", "p:kinsoku", "p:defaultTextStyle", "p:modifyVerifier", "p:extLst"});
-  const std::vector<SlideEntry> entries = slides();
+  const std::vector<SlideEntry>& entries = slides();
   pugi::xml_node node = position < entries.size()
                             ? list.insert_child_before("p:sldId", entries[position].node)
                             : list.append_child("p:sldId");

@@ -35,7 +35,7 @@ struct Sheet {
   /// of a notes page; nothing for a master.
   Sheet parent() const;
   /// Marks part and presentation as changed.
-  void touch() const;
+  void touch(Change change = Change::anything) const;
 };
 
 /// One shape: its sheet and its element (p:sp, p:pic, p:graphicFrame, p:cxnSp, p:grpSp, p:contentPart).
@@ -74,7 +74,7 @@ class Document : public std::enable_shared_from_this<Document> {
   void saved(bool saved) { saved_ = saved; }
   bool closed() const { return closed_; }
   void close();
-  void touch(Part& part);
+  void touch(Part& part, Change change = Change::anything);
 
   void save();
   void saveAs(const std::string& path);
@@ -85,7 +85,8 @@ class Document : public std::enable_shared_from_this<Document> {
   void loosen(const PartRef& part, const std::vector<std::string>& relationships);
 
   // Slides.
-  std::vector<SlideEntry> slides() const;
+  /// In their order; good until presentation.xml is changed.
+  const std::vector<SlideEntry>& slides() const;
   std::size_t slideCount() const;
   /// The sheet of a slide; parses nothing. An error where the id is unknown.
   Sheet slide(std::int32_t id);
@@ -117,7 +118,9 @@ class Document : public std::enable_shared_from_this<Document> {
   int firstSlideNumber() const;
 
  private:
+  struct SlideList;
   Document() = default;
+  SlideList& slideList() const;
   std::int32_t nextSlideId();
   void dropLoose();
   void write(const std::string& path);

@@ -117,7 +117,7 @@ class FillFormatObject : public ShapePart<FillFormatObject> {
       }
       setThemeColor(requireSolidFill(properties), "accent1");
     }
-    shape().sheet.touch();
+    shape().sheet.touch(Change::contents);
   }
   host::ObjectRef foreColor() {
     return color(
@@ -160,7 +160,7 @@ class LineFormatObject : public ShapePart<LineFormatObject> {
       }
       setThemeColor(requireSolidFill(line), "tx1");
     }
-    shape().sheet.touch();
+    shape().sheet.touch(Change::contents);
   }
   host::ObjectRef foreColor() {
     return color(
@@ -188,7 +188,7 @@ class LineFormatObject : public ShapePart<LineFormatObject> {
     for (const xml_node node : withCounterparts(shape().node)) {
       setAttribute(requireLine(node), "w", static_cast<long long>(toEmu(weight)));
     }
-    shape().sheet.touch();
+    shape().sheet.touch(Change::contents);
   }
 
  private:

@@ -156,7 +156,7 @@ void setLanguage(const ShapeKey& shape, TextSpan span, std::int32_t id) {
       setAttribute(properties, "lang", tag.c_str());
     }
   });
-  shape.sheet.touch();
+  shape.sheet.touch(Change::contents);
 }
 
 }  // namespace vellumark::deck

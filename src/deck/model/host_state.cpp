@@ -54,7 +54,7 @@ void HostState::forgetDeleted() {
   for (const WindowRef& window : windows) {
     const DocumentRef& document = window->document;
     if (window->sheet && window->sheet.part->removed()) {
-      const auto slides = document->slides();
+      const auto& slides = document->slides();
       window->sheet = slides.empty() ? Sheet{} : document->slide(slides.front().id);
     }
     SelectionState selection = window->selection;

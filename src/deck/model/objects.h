@@ -9,6 +9,8 @@ namespace vellumark::deck {
 
 // Shapes and their text (shape.cpp and its neighbours).
 host::ObjectRef makeShape(const HostRef& host, const ShapeKey& shape);
+/// What a shape object stands for; nothing for one of another kind (a table's cell, another host's).
+const ShapeKey* shapeKeyOf(const host::Object& object);
 host::ObjectRef makeShapes(const HostRef& host, const Sheet& sheet);
 host::ObjectRef makeShapeRange(const HostRef& host, std::vector<ShapeKey> shapes);
 /// `length` UTF-16 units from `start` (from 1) of a shape's text.

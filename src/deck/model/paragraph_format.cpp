@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string_view>
 
-#include "deck/model/auto_size.h"
 #include "deck/model/text_target.h"
 #include "deck/model/xml_order.h"
 #include "host/constants.h"
@@ -58,7 +57,7 @@ class BulletFormatObject : public TextTarget<BulletFormatObject> {
   }
   /// A bullet that is switched on is the inherited one, or a round one where none is inherited.
   void setVisible(std::int32_t on) {
-    TextBody(shape()).changeParagraphs(span(), [&](xml_node properties) {
+    changeParagraphs(shape(), span(), [&](xml_node properties) {
       const xml_node paragraph = properties.parent();
       const LevelStyles styles(shape(), paragraphLevel(paragraph));
       if ((on != 0) == hasBullet(styles, paragraph)) return;
@@ -74,7 +73,6 @@ class BulletFormatObject : public TextTarget<BulletFormatObject> {
       setAttribute(font, "typeface", "Arial");
       setAttribute(addBullet(properties, "a:buChar"), "char", "\xE2\x80\xA2");
     });
-    textChanged(shape());
   }
 };
 
@@ -106,9 +104,8 @@ class ParagraphFormatObject : public TextTarget<ParagraphFormatObject> {
   void setAlignment(std::int32_t alignment) {
     const auto* found = std::ranges::find(alignments, alignment, &AlignmentName::value);
     if (found == std::end(alignments)) base::raise(base::errors::outOfRange);
-    TextBody(shape()).changeParagraphs(
-        span(), [&](xml_node properties) { setAttribute(properties, "algn", found->name.data()); });
-    textChanged(shape());
+    changeParagraphs(shape(), span(),
+                     [&](xml_node properties) { setAttribute(properties, "algn", found->name.data()); });
   }
 
   host::ObjectRef bullet() { return std::make_shared<BulletFormatObject>(host(), shape(), span()); }
@@ -152,13 +149,12 @@ std::int32_t indentLevelOf(const ShapeKey& shape, TextSpan span) {
 
 void setIndentLevel(const ShapeKey& shape, TextSpan span, std::int32_t level, std::int32_t most) {
   if (level < 1 || level > most) base::raise(base::errors::outOfRange);
-  TextBody(shape).changeParagraphs(span, [&](xml_node properties) {
+  changeParagraphs(shape, span, [&](xml_node properties) {
     if (paragraphLevel(properties.parent()) == level) return;
     properties.remove_attribute("marL");
     properties.remove_attribute("indent");
     setAttribute(properties, "lvl", level - 1);
   });
-  textChanged(shape);
 }
 
 }  // namespace vellumark::deck

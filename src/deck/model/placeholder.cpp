@@ -7,6 +7,7 @@
 
 #include "deck/model/member_table.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/sheet_index.h"
 
 namespace vellumark::deck {
 namespace {
@@ -93,7 +94,7 @@ ShapeKey inheritedPlaceholder(const ShapeKey& shape) {
 
   xml_node best;
   int bestRank = 0;
-  for (xml_node candidate : shapeNodes(parent.shapeTree())) {
+  for (const xml_node candidate : SheetIndex::of(parent)->shapes()) {
     const xml_node model = placeholderElement(candidate);
     if (!model) continue;
     const bool sameFamily = kindOf(model).family == family;

@@ -117,7 +117,7 @@ class RulerLevelObject : public RulerPart<RulerLevelObject> {
       set(properties ? properties : paragraph.prepend_child("a:pPr"));
     }
     // A level that no paragraph has moves no text.
-    used ? textChanged(shape()) : shape().sheet.touch();
+    used ? textChanged(shape()) : shape().sheet.touch(Change::contents);
   }
 
   int level_;

@@ -62,6 +62,8 @@ class ShapeObject : public ModelObject<ShapeObject> {
     }
   }
 
+  const ShapeKey& key() const { return shape_; }
+
   // Frame.
   float left() { return points(slideFramePart(shape_, FramePart::x)); }
   void setLeft(float value) {
@@ -160,7 +162,10 @@ class ShapeObject : public ModelObject<ShapeObject> {
   /// p:cNvPr, which has an id whatever the file left out.
   pugi::xml_node identified(pugi::xml_node node) const {
     pugi::xml_node properties = requireDrawingProperties(node);
-    if (!properties.attribute("id")) setAttribute(properties, "id", freeShapeId(shape_.sheet));
+    if (!properties.attribute("id")) {
+      setAttribute(properties, "id", freeShapeId(shape_.sheet));
+      shape_.sheet.touch();
+    }
     return properties;
   }
 
@@ -280,7 +285,7 @@ void ShapeObject::setVisible(std::int32_t visible) {
       setAttribute(properties, "hidden", "1");
     }
   }
-  shape_.sheet.touch();
+  shape_.sheet.touch(Change::contents);
 }
 
 void ShapeObject::setLockAspectRatio(std::int32_t lock) {
@@ -294,7 +299,7 @@ void ShapeObject::setLockAspectRatio(std::int32_t lock) {
   } else {
     element.remove_attribute("noChangeAspect");
   }
-  shape_.sheet.touch();
+  shape_.sheet.touch(Change::contents);
 }
 
 /// Groups within groups are seen flat, so the parent of a member is the outermost group.
@@ -311,6 +316,11 @@ host::ObjectRef ShapeObject::groupItems() {
 }
 
 }  // namespace
+
+const ShapeKey* shapeKeyOf(const host::Object& object) {
+  const auto* shape = dynamic_cast<const ShapeObject*>(&object);
+  return shape ? &shape->key() : nullptr;
+}
 
 host::ObjectRef makeShape(const HostRef& host, const ShapeKey& shape) {
   if (isTableCell(shape.node)) return makeCellShape(host, shape);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <unordered_set>
 
 #include "base/error.h"
 #include "deck/model/references.h"
@@ -75,9 +76,10 @@ void selectShapes(const HostRef& host, const std::vector<ShapeKey>& shapes, bool
   SelectionState selection;
   selection.type = host::ppSelectionShapes;
   if (!replace) selection.shapes = window->selection.shapes;
+  std::unordered_set<std::size_t> selected;
+  for (const ShapeKey& shape : selection.shapes) selected.insert(shape.node.hash_value());
   for (const ShapeKey& shape : shapes) {
-    if (std::ranges::find(selection.shapes, shape) == selection.shapes.end())
-      selection.shapes.push_back(shape);
+    if (selected.insert(shape.node.hash_value()).second) selection.shapes.push_back(shape);
   }
   host->select(window, std::move(selection));
 }

@@ -1,10 +1,10 @@
 #include "deck/model/shape_copier.h"
 
-#include <algorithm>
 #include <limits>
 #include <map>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
 #include "deck/model/embedded_object.h"
 #include "deck/model/references.h"
@@ -142,9 +142,9 @@ void appendOrder(xml_node parent, std::vector<xml_node>& order) {
 
 std::vector<ShapeKey> inZOrder(const std::vector<ShapeKey>& shapes) {
   if (shapes.empty()) return {};
-  const auto chosen = [&](xml_node node) {
-    return std::ranges::find(shapes, node, &ShapeKey::node) != shapes.end();
-  };
+  std::unordered_set<std::size_t> wanted;
+  for (const ShapeKey& shape : shapes) wanted.insert(shape.node.hash_value());
+  const auto chosen = [&](xml_node node) { return wanted.contains(node.hash_value()); };
   std::vector<xml_node> order;
   appendOrder(shapes.front().sheet.shapeTree(), order);
   std::vector<ShapeKey> sorted;

@@ -96,6 +96,7 @@ ShapeKey appendShape(const Sheet& sheet, const std::string& name, std::string_vi
     tree.remove_child(node);
     throw;
   }
+  sheet.touch();
   return shape;
 }
 

@@ -337,7 +337,7 @@ void unscale(const Sheet& sheet, xml_node group) {
   if (!mapping.scales()) return;
   for (xml_node child : shapeNodes(group)) writeFrame(sheet, child, mapping.unscaled(ownFrame(sheet, child)));
   writeChildSpace(group, mapping.frame());
-  sheet.touch();
+  sheet.touch(Change::contents);
 }
 
 }  // namespace
@@ -399,7 +399,7 @@ void setSlideFrame(const ShapeKey& shape, const ShapeFrame& frame) {
   requireCoordinates(own);
   writeFrame(shape.sheet, shape.node, own);
   if (!groups.empty()) fitGroups(shape.sheet, groups.front());
-  shape.sheet.touch();
+  shape.sheet.touch(Change::contents);
 }
 
 void fitGroups(const Sheet& sheet, xml_node group) {

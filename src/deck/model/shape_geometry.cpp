@@ -65,7 +65,7 @@ void setAutoShapeType(const ShapeKey& shape, std::int32_t type) {
   if (before.preset == preset) return;
   xml_node geometry = requirePreset(shape, preset);
   childInOrder(geometry, "a:avLst", {}).remove_children();
-  shape.sheet.touch();
+  shape.sheet.touch(Change::contents);
 }
 
 xml_node requirePreset(const ShapeKey& shape, std::string_view preset) {

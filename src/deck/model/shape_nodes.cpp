@@ -200,7 +200,7 @@ class NodesObject : public ModelObject<NodesObject> {
     frame.width = size.x;
     frame.height = size.y;
     moveShape(shape_, frame);
-    shape_.sheet.touch();
+    shape_.sheet.touch(Change::contents);
   }
 
  private:

@@ -13,6 +13,7 @@
 #include "deck/model/placeholder.h"
 #include "deck/model/shape_creation.h"
 #include "deck/model/shape_node.h"
+#include "deck/model/sheet_index.h"
 #include "host/constants.h"
 
 namespace vellumark::deck {
@@ -27,20 +28,14 @@ bool isTitle(pugi::xml_node shape) {
 
 std::string_view nameOf(pugi::xml_node shape) { return drawingProperties(shape).attribute("name").value(); }
 
-/// The shape that an index from 1 or a name means. Names match exactly, or else in any case.
-pugi::xml_node find(const std::vector<pugi::xml_node>& shapes, const Value& which, const char* collection) {
-  if (!which.isString()) return shapes[collectionIndex(which.toInt(), shapes.size())];
-  const std::string wanted = which.toString();
+/// The first shape with a name, as it is written or else in any case; nothing where there is none.
+pugi::xml_node findNamed(const std::vector<pugi::xml_node>& shapes, const std::string& wanted) {
   auto found = std::ranges::find(shapes, wanted, nameOf);
   if (found == shapes.end()) {
     found = std::ranges::find_if(
         shapes, [&](pugi::xml_node shape) { return base::equalsIgnoreCase(nameOf(shape), wanted); });
   }
-  if (found == shapes.end()) {
-    base::raise(base::errors::outOfRange,
-                "Item " + wanted + " not found in the " + collection + " collection.");
-  }
-  return *found;
+  return found == shapes.end() ? pugi::xml_node() : *found;
 }
 
 std::vector<ShapeKey> keys(const Sheet& sheet, const std::vector<pugi::xml_node>& nodes) {
@@ -50,7 +45,8 @@ std::vector<ShapeKey> keys(const Sheet& sheet, const std::vector<pugi::xml_node>
   return keys;
 }
 
-/// Members that all collections of shapes have. T tells its shapes by `nodes()`.
+/// Members that all collections of shapes have. T tells its shapes by `nodes()`, and may have a quicker
+/// `named()` of its own.
 template <typename T>
 class ShapeCollection : public ModelObject<T> {
  public:
@@ -60,24 +56,37 @@ class ShapeCollection : public ModelObject<T> {
   }
 
   std::int32_t count() { return static_cast<std::int32_t>(self().nodes().size()); }
-  host::ObjectRef item(Arguments arguments) {
-    return makeShape(this->host(), {sheet_, find(self().nodes(), arguments[0], T::className)});
-  }
+  host::ObjectRef item(Arguments arguments) { return makeShape(this->host(), {sheet_, find(arguments[0])}); }
   /// The shapes that indexes and names mean, in that order; all without an argument.
   host::ObjectRef range(Arguments arguments) {
-    const std::vector<pugi::xml_node> all = self().nodes();
-    if (!argument(arguments, 0)) return makeShapeRange(this->host(), keys(sheet_, all));
+    if (!argument(arguments, 0)) return makeShapeRange(this->host(), keys(sheet_, self().nodes()));
     std::vector<pugi::xml_node> chosen;
-    for (const Value& which : arguments) chosen.push_back(find(all, which, T::className));
+    for (const Value& which : arguments) chosen.push_back(find(which));
     return makeShapeRange(this->host(), keys(sheet_, chosen));
   }
 
  protected:
   static constexpr std::size_t mostOfRange = 255;
   const Sheet& sheet() const { return sheet_; }
+  std::shared_ptr<SheetIndex> index() const { return SheetIndex::of(sheet_); }
+  pugi::xml_node named(const std::string& name) { return findNamed(self().nodes(), name); }
 
  private:
   T& self() { return static_cast<T&>(*this); }
+  /// The shape that an index from 1 or a name means.
+  pugi::xml_node find(const Value& which) {
+    if (!which.isString()) {
+      const auto& shapes = self().nodes();
+      return shapes[collectionIndex(which.toInt(), shapes.size())];
+    }
+    const std::string wanted = which.toString();
+    const pugi::xml_node found = self().named(wanted);
+    if (!found) {
+      base::raise(base::errors::outOfRange,
+                  "Item " + wanted + " not found in the " + T::className + " collection.");
+    }
+    return found;
+  }
   Sheet sheet_;
 };
 
@@ -95,7 +104,7 @@ class PlaceholdersObject : public ShapeCollection<PlaceholdersObject> {
 
   /// The title first, the others from back to front.
   std::vector<pugi::xml_node> nodes() {
-    std::vector<pugi::xml_node> found = shapeNodes(sheet().shapeTree());
+    std::vector<pugi::xml_node> found = index()->shapes();
     std::erase_if(found, [](pugi::xml_node shape) { return !placeholderElement(shape); });
     std::ranges::stable_partition(found, isTitle);
     return found;
@@ -119,11 +128,7 @@ class GroupShapesObject : public ShapeCollection<GroupShapesObject> {
     if (group_.deleted()) base::raise(base::errors::invalidRequest);
   }
 
-  std::vector<pugi::xml_node> nodes() {
-    std::vector<pugi::xml_node> leaves;
-    appendLeaves(group_.node, leaves);
-    return leaves;
-  }
+  const std::vector<pugi::xml_node>& nodes() { return index()->leaves(group_.node); }
 
  private:
   ShapeKey group_;
@@ -150,7 +155,8 @@ class ShapesObject : public ShapeCollection<ShapesObject> {
   }
   using ShapeCollection::ShapeCollection;
 
-  std::vector<pugi::xml_node> nodes() { return shapeNodes(sheet().shapeTree()); }
+  const std::vector<pugi::xml_node>& nodes() { return index()->shapes(); }
+  pugi::xml_node named(const std::string& name) { return index()->named(name); }
 
   host::ObjectRef addShape(Arguments arguments) {
     return makeShape(host(), addAutoShape(sheet(), arguments[0].toInt(), frame(arguments)));
@@ -188,7 +194,7 @@ class ShapesObject : public ShapeCollection<ShapesObject> {
             argumentOr(arguments, 4, usual)};
   }
   pugi::xml_node titleNode() {
-    const std::vector<pugi::xml_node> all = nodes();
+    const std::vector<pugi::xml_node>& all = nodes();
     const auto found = std::ranges::find_if(all, isTitle);
     return found != all.end() ? *found : pugi::xml_node();
   }
@@ -196,7 +202,7 @@ class ShapesObject : public ShapeCollection<ShapesObject> {
 
 }  // namespace
 
-std::vector<ShapeKey> shapesOf(const Sheet& sheet) { return keys(sheet, shapeNodes(sheet.shapeTree())); }
+std::vector<ShapeKey> shapesOf(const Sheet& sheet) { return keys(sheet, SheetIndex::of(sheet)->shapes()); }
 
 host::ObjectRef makeShapes(const HostRef& host, const Sheet& sheet) {
   return std::make_shared<ShapesObject>(host, sheet);

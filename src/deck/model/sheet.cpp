@@ -24,6 +24,6 @@ bool ShapeKey::deleted() const {
   return !sheet.document || sheet.document->closed() || !sheet.part || sheet.part->isBuried(node);
 }
 
-void Sheet::touch() const { document->touch(*part); }
+void Sheet::touch(Change change) const { document->touch(*part, change); }
 
 }  // namespace vellumark::deck

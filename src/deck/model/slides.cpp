@@ -227,7 +227,7 @@ class SlidesObject : public ModelObject<SlidesObject> {
   std::int32_t insertFromFile(Arguments arguments) {
     const std::size_t position = collectionIndex(arguments[1].toInt() + 1, document_->slideCount() + 1);
     const DocumentRef source = Document::open(platform::toSystem(arguments[0].toString()), true, false);
-    const std::vector<SlideEntry> entries = source->slides();
+    const std::vector<SlideEntry>& entries = source->slides();
     const auto last = argumentOr<std::int32_t>(arguments, 3, -1);
     const std::size_t end = last == -1 ? entries.size() : collectionIndex(last, entries.size()) + 1;
     const std::size_t first =
@@ -265,7 +265,7 @@ class SlidesObject : public ModelObject<SlidesObject> {
  private:
   /// The id of the slide that an index or a name means.
   std::int32_t idOf(const Value& which) {
-    const std::vector<SlideEntry> entries = document_->slides();
+    const std::vector<SlideEntry>& entries = document_->slides();
     if (!which.isString()) return entries[collectionIndex(which.toInt(), entries.size())].id;
     const std::string name = which.toString();
     for (const SlideEntry& entry : entries) {

@@ -64,7 +64,7 @@ class TagsObject : public ModelObject<TagsObject> {
       tag.append_attribute("name").set_value(name.c_str());
     }
     setAttribute(tag, "val", text.c_str());
-    document_->touch(*list);
+    document_->touch(*list, Change::contents);
   }
 
   void remove(Arguments arguments) {
@@ -72,7 +72,7 @@ class TagsObject : public ModelObject<TagsObject> {
     if (!tag) return;
     const PartRef list = tagPart();
     list->bury(tag);
-    document_->touch(*list);
+    document_->touch(*list, Change::contents);
     if (!list->root().child("p:tag")) dropTagPart(list);
   }
 
@@ -119,7 +119,7 @@ class TagsObject : public ModelObject<TagsObject> {
     pugi::xml_node reference = data.child("p:tags");
     if (!reference) reference = data.append_child("p:tags");
     setAttribute(reference, "r:id", part_->relate(*list, "tags").c_str());
-    document_->touch(*part_);
+    document_->touch(*part_, Change::contents);
     return list;
   }
 
@@ -130,7 +130,7 @@ class TagsObject : public ModelObject<TagsObject> {
     part_->bury(reference);
     if (!data.first_child()) part_->bury(data);
     document_->package().remove(list);
-    document_->touch(*part_);
+    document_->touch(*part_, Change::contents);
   }
 
   DocumentRef document_;

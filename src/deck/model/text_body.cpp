@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "deck/model/auto_size.h"
 #include "deck/model/text_box.h"
 #include "deck/model/text_characters.h"
 #include "deck/model/text_style.h"
@@ -124,6 +125,7 @@ TextBody::TextBody(const ShapeKey& shape) : shape_(shape) { read(); }
 void TextBody::read() {
   text_.clear();
   paragraphs_.clear();
+  units_.reset();
   for (xml_node node : textBodyOf(shape_.node).children("a:p")) {
     if (!paragraphs_.empty()) text_ += paragraphMark;
     TextParagraph paragraph{node, {text_.size(), 0}, {}};
@@ -259,7 +261,7 @@ TextSpan TextBody::replace(TextSpan wanted, std::u16string_view text, Neighbour 
   for (std::size_t i = first + lines.size(); i <= last; ++i) body.remove_child(paragraphs_[i].node);
 
   read();
-  shape_.sheet.touch();
+  shape_.sheet.touch(Change::contents);
   return {span.start, text.size()};
 }
 
@@ -320,22 +322,42 @@ void TextBody::changeParagraphs(TextSpan wanted, const std::function<void(xml_no
   }
 }
 
-// Programs ask for one character or word after the other: the text read last is likely the one asked for
-// next.
+const std::vector<TextSpan>& TextBody::units(TextUnit unit, TextSpan within,
+                                             const std::function<std::vector<TextSpan>()>& divide) const {
+  if (!units_ || units_->unit != unit || units_->within != within) units_ = {unit, within, divide()};
+  return units_->found;
+}
+
+namespace {
+
+/// The text read last. Programs ask for one character or word after the other, so it is likely the one asked
+/// for next.
+struct LastText {
+  std::weak_ptr<Part> part;
+  xml_node node;
+  std::uint64_t revision = 0;
+  std::shared_ptr<TextBody> body;
+};
+
+LastText lastText;
+
+}  // namespace
+
 std::shared_ptr<const TextBody> currentText(const ShapeKey& shape) {
-  struct Last {
-    std::weak_ptr<Part> part;
-    xml_node node;
-    std::uint64_t revision = 0;
-    std::shared_ptr<const TextBody> body;
-  };
-  static Last last;
-  const std::uint64_t revision = shape.sheet.part->revision();
-  if (!last.body || last.node != shape.node || last.revision != revision ||
-      last.part.lock() != shape.sheet.part) {
-    last = {shape.sheet.part, shape.node, revision, std::make_shared<const TextBody>(shape)};
-  }
-  return last.body;
+  const PartRef& part = shape.sheet.part;
+  const bool current = lastText.body && lastText.node == shape.node &&
+                       lastText.revision == part->revision() && lastText.part.lock() == part;
+  if (!current) lastText = {part, shape.node, part->revision(), std::make_shared<TextBody>(shape)};
+  return lastText.body;
+}
+
+void changeParagraphs(const ShapeKey& shape, TextSpan span, const std::function<void(xml_node)>& change) {
+  currentText(shape);
+  const std::shared_ptr<TextBody> body = lastText.body;
+  body->changeParagraphs(span, change);
+  textChanged(shape);
+  // Neither paragraphs nor characters have come or gone.
+  lastText = {shape.sheet.part, shape.node, shape.sheet.part->revision(), body};
 }
 
 }  // namespace vellumark::deck

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
@@ -19,6 +20,7 @@ struct TextSpan {
   std::size_t length = 0;
 
   std::size_t end() const { return start + length; }
+  friend bool operator==(const TextSpan&, const TextSpan&) = default;
 };
 
 /// A run (a:r), line break (a:br) or field (a:fld), or something unknown that holds no characters.
@@ -33,6 +35,8 @@ struct TextParagraph {
   TextSpan span;
   std::vector<TextPiece> pieces;
 };
+
+enum class TextUnit;
 
 /// The text as it stands in the file at the moment of making; `replace` brings it up to date. A shape without
 /// a text body, and a body without paragraphs, read as one empty paragraph.
@@ -70,7 +74,16 @@ class TextBody {
   /// The same for the properties (a:pPr) of the paragraphs that a span touches.
   void changeParagraphs(TextSpan span, const std::function<void(pugi::xml_node properties)>& change);
 
+  /// The units of a kind in a span, as `divide` finds them; those that were asked for last are kept.
+  const std::vector<TextSpan>& units(TextUnit unit, TextSpan within,
+                                     const std::function<std::vector<TextSpan>()>& divide) const;
+
  private:
+  struct Units {
+    TextUnit unit;
+    TextSpan within;
+    std::vector<TextSpan> found;
+  };
   void read();
   std::size_t paragraphAt(std::size_t place) const;
   /// a:rPr or a:endParaRPr whose format new text in the place of a span takes on; nothing where there is
@@ -84,9 +97,13 @@ class TextBody {
   ShapeKey shape_;
   std::u16string text_;
   std::vector<TextParagraph> paragraphs_;
+  mutable std::optional<Units> units_;
 };
 
 /// The text of a shape as it stands now, read anew only where its sheet was changed since.
 std::shared_ptr<const TextBody> currentText(const ShapeKey& shape);
+/// TextBody::changeParagraphs() on that text, which stays read, and textChanged().
+void changeParagraphs(const ShapeKey& shape, TextSpan span,
+                      const std::function<void(pugi::xml_node properties)>& change);
 
 }  // namespace vellumark::deck

@@ -158,33 +158,55 @@ class TextLayout::ParagraphBuilder {
           ++end;
         }
         const TextSpan span{piece.span.start + place, end - place};
-        const double width = size * platform::textWidth(format.face, text(span));
         if (blank) {
-          append(span, width, format.face, size);
+          append(span, widthOf(span, format.face, size), format.face, size);
         } else {
-          addWord(span, width, format.face, size);
+          addWord(span, format.face, size);
         }
       }
       place = end;
     }
   }
 
-  void addWord(TextSpan span, double width, const platform::FontFace& face, double size) {
-    if (x_ + width > available_ + tolerance && x_ > startX_) wrap(span.start);
-    while (x_ + width > available_ + tolerance && span.length > 1) {
+  double widthOf(TextSpan span, const platform::FontFace& face, double size) const {
+    return size * platform::textWidth(face, text(span));
+  }
+
+  /// How many characters of a word that is too wide fit on the line, at least one.
+  std::size_t fitting(TextSpan word, const platform::FontFace& face, double size) const {
+    const auto fits = [&](std::size_t count) {
+      return count <= 1 || x_ + widthOf({word.start, count}, face, size) <= available_;
+    };
+    std::size_t most = 1;
+    while (most < word.length && fits(most)) most *= 2;
+    std::size_t least = std::max<std::size_t>(most / 2, 1);
+    most = std::min(most, word.length);
+    while (most - least > 1) {
+      const std::size_t middle = least + (most - least) / 2;
+      (fits(middle) ? least : most) = middle;
+    }
+    return least;
+  }
+
+  /// Whether a word goes beyond the line; of a very long one its beginning tells.
+  bool goesBeyond(TextSpan word, const platform::FontFace& face, double size) const {
+    constexpr std::size_t beginning = 2000;
+    if (!std::isfinite(available_)) return false;
+    if (word.length > beginning && goesBeyond({word.start, beginning}, face, size)) return true;
+    return x_ + widthOf(word, face, size) > available_ + tolerance;
+  }
+
+  void addWord(TextSpan span, const platform::FontFace& face, double size) {
+    if (goesBeyond(span, face, size) && x_ > startX_) wrap(span.start);
+    while (span.length > 1 && goesBeyond(span, face, size)) {
       // A word that is wider than the line breaks where the line is full.
-      std::size_t fits = 1;
-      while (fits + 1 < span.length &&
-             x_ + size * platform::textWidth(face, text({span.start, fits + 1})) <= available_) {
-        ++fits;
-      }
-      append({span.start, fits}, size * platform::textWidth(face, text({span.start, fits})), face, size);
-      span = {span.start + fits, span.length - fits};
-      width = size * platform::textWidth(face, text(span));
+      const TextSpan part{span.start, fitting(span, face, size)};
+      append(part, widthOf(part, face, size), face, size);
+      span = {part.end(), span.length - part.length};
       finishLine();
       startLine(span.start, false);
     }
-    append(span, width, face, size);
+    append(span, widthOf(span, face, size), face, size);
   }
 
   /// Ends the line. A word in several formats goes to the next line as a whole, unless it fills this one.

@@ -93,7 +93,7 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
       const TextSpan found = stretch(start, length, span.length);
       return part({span.start + found.start, found.length}, unit);
     }
-    const std::vector<TextSpan> all = textUnits(*body, unit, span);
+    const std::vector<TextSpan>& all = textUnits(*body, unit, span);
     if (all.empty()) return part(span, unit);
     const TextSpan found = stretch(start, length, all.size());
     const std::size_t begin = all[found.start].start;

@@ -75,9 +75,7 @@ std::vector<TextSpan> runUnits(const TextBody& body) {
   return units;
 }
 
-}  // namespace
-
-std::vector<TextSpan> textUnits(const TextBody& body, TextUnit unit, TextSpan within) {
+std::vector<TextSpan> divided(const TextBody& body, TextUnit unit, TextSpan within) {
   std::vector<TextSpan> units;
   switch (unit) {
     case TextUnit::whole:
@@ -102,6 +100,12 @@ std::vector<TextSpan> textUnits(const TextBody& body, TextUnit unit, TextSpan wi
   }
   std::erase_if(units, [](const TextSpan& span) { return span.length == 0; });
   return units;
+}
+
+}  // namespace
+
+const std::vector<TextSpan>& textUnits(const TextBody& body, TextUnit unit, TextSpan within) {
+  return body.units(unit, within, [&] { return divided(body, unit, within); });
 }
 
 }  // namespace vellumark::deck

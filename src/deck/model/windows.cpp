@@ -16,7 +16,7 @@ namespace {
 }
 
 Sheet firstSlide(Document& document) {
-  const auto slides = document.slides();
+  const auto& slides = document.slides();
   return slides.empty() ? Sheet{} : document.slide(slides.front().id);
 }
 
@@ -123,7 +123,7 @@ class ViewObject : public ModelObject<ViewObject> {
     return makeSlide(host(), window_->sheet);
   }
   void gotoSlide(Arguments arguments) {
-    const auto slides = window_->document->slides();
+    const auto& slides = window_->document->slides();
     window_->sheet =
         window_->document->slide(slides[collectionIndex(arguments[0].toInt(), slides.size())].id);
     host()->select(window_, {});

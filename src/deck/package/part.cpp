@@ -45,17 +45,9 @@ Relationships& Part::ownRelationships() {
 
 const std::vector<Relationship>& Part::relationships() { return ownRelationships().all(); }
 
-const Relationship* Part::relationship(std::string_view id) {
-  const auto& all = relationships();
-  const auto found = std::ranges::find(all, id, &Relationship::id);
-  return found == all.end() ? nullptr : &*found;
-}
+const Relationship* Part::relationship(std::string_view id) { return ownRelationships().find(id); }
 
-const Relationship* Part::firstRelationship(std::string_view name) {
-  const auto& all = relationships();
-  const auto found = std::ranges::find_if(all, [&](const Relationship& one) { return one.is(name); });
-  return found == all.end() ? nullptr : &*found;
-}
+const Relationship* Part::firstRelationship(std::string_view name) { return ownRelationships().first(name); }
 
 PartRef Part::target(const Relationship& relationship) {
   return relationship.external ? nullptr : package_.part(relationship.target);

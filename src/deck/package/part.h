@@ -2,6 +2,7 @@
 // One part of a package: XML parsed on first use, or bytes; its relationships; the graveyard of deleted
 // nodes.
 
+#include <any>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -18,6 +19,10 @@ class Package;
 class Part;
 using PartRef = std::shared_ptr<Part>;
 
+/// What a change of a part's XML was about: anything, or contents only (frames, texts, formats, tags), so
+/// that the same shapes or slides stand in the same order under the same names and ids, glued as before.
+enum class Change { anything, contents };
+
 class Part {
  public:
   /// Name without a leading slash: "ppt/slides/slide1.xml".
@@ -32,10 +37,20 @@ class Part {
   /// The bytes of a part that is not parsed (a picture), or the serialised XML.
   std::string bytes();
 
-  /// Says that the XML was changed; only touched parts are written anew.
-  void touch() {
+  /// Says that the XML was changed; only touched parts are written anew. What was kept goes, unless only
+  /// contents were changed.
+  void touch(Change change = Change::anything) {
     changed_ = true;
     ++revision_;
+    if (change == Change::anything) kept_.reset();
+  }
+  /// What `make` worked out from the XML, kept until more than contents changes.
+  template <typename T>
+  std::shared_ptr<T> kept(const auto& make) {
+    if (const auto* known = std::any_cast<std::shared_ptr<T>>(&kept_)) return *known;
+    const std::shared_ptr<T> made = make();
+    kept_ = made;
+    return made;
   }
   /// How often the XML was changed; what was read at the same revision is still true.
   std::uint64_t revision() const { return revision_; }
@@ -83,6 +98,7 @@ class Part {
   std::unique_ptr<Relationships> relationships_;  ///< read on first use
   bool changed_ = false;
   std::uint64_t revision_ = 0;
+  std::any kept_;
   bool removed_ = false;
 };
 

@@ -19,13 +19,18 @@ bool isRelationship(pugi::xml_node node) {
   return name == "Relationship" || name.ends_with(":Relationship");
 }
 
+/// What relationships of one type to one target have in common.
+std::string targetKey(const std::string& type, const std::string& target, bool external) {
+  return type + (external ? "\nexternal\n" + target : "\n" + partKey(target));
+}
+
 }  // namespace
 
 bool Relationship::is(std::string_view name) const {
   return type.size() > name.size() && type.ends_with(name) && type[type.size() - name.size() - 1] == '/';
 }
 
-Relationships::Relationships(std::string source) : Relationships(std::move(source), noRelationships, 0) {}
+Relationships::Relationships(std::string source) : source_(std::move(source)) {}
 
 Relationships::Relationships(std::string source, std::string_view xml, std::size_t most)
     : source_(std::move(source)), document_(parseXml(partName(source_), xml, limits)) {
@@ -44,17 +49,35 @@ Relationships::Relationships(std::string source, std::string_view xml, std::size
 
 std::string Relationships::text() const { return xmlText(*document_); }
 
-std::string Relationships::add(const std::string& type, const std::string& target, bool external) {
-  const auto same = std::ranges::find_if(all_, [&](const Relationship& one) {
-    return one.type == type && one.external == external &&
-           (external ? one.target == target : partKey(one.target) == partKey(target));
+const Relationship* Relationships::look(Places& places, const std::string& key, const auto& keyOf) const {
+  for (; places.count < all_.size(); ++places.count) {
+    places.first.emplace(keyOf(all_[places.count]), places.count);
+  }
+  const auto found = places.first.find(key);
+  return found == places.first.end() ? nullptr : &all_[found->second];
+}
+
+const Relationship* Relationships::find(std::string_view id) const {
+  return look(ids_, std::string(id), [](const Relationship& one) { return one.id; });
+}
+
+const Relationship* Relationships::first(std::string_view name) const {
+  return look(names_, std::string(name), [](const Relationship& one) {
+    const std::size_t slash = one.type.rfind('/');
+    return slash == std::string::npos ? std::string() : one.type.substr(slash + 1);
   });
-  if (same != all_.end()) return same->id;
+}
+
+std::string Relationships::add(const std::string& type, const std::string& target, bool external) {
+  const Relationship* same = look(targets_, targetKey(type, target, external), [](const Relationship& one) {
+    return targetKey(one.type, one.target, one.external);
+  });
+  if (same) return same->id;
 
   std::string id;
   for (std::size_t number = all_.size() + 1;; ++number) {
     id = "rId" + std::to_string(number);
-    if (std::ranges::find(all_, id, &Relationship::id) == all_.end()) break;
+    if (!find(id)) break;
   }
   addAs(id, type, target, external);
   return id;
@@ -62,6 +85,7 @@ std::string Relationships::add(const std::string& type, const std::string& targe
 
 void Relationships::addAs(const std::string& id, const std::string& type, const std::string& target,
                           bool external) {
+  if (!document_) document_ = parseXml(partName(source_), noRelationships, limits);
   pugi::xml_node root = document_->document_element();
   const std::string name = root.name();
   pugi::xml_node node = root.append_child((name.substr(0, name.rfind(':') + 1) + "Relationship").c_str());
@@ -83,6 +107,7 @@ void Relationships::remove(std::string_view id) {
     }
   }
   all_.erase(found);
+  ids_ = names_ = targets_ = {};
   changed_ = true;
 }
 

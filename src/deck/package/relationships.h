@@ -6,6 +6,7 @@
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace vellumark::deck {
@@ -32,8 +33,13 @@ class Relationships {
   Relationships(std::string source, std::string_view xml, std::size_t most);
 
   const std::vector<Relationship>& all() const { return all_; }
+  /// The relationship with that id, or nothing.
+  const Relationship* find(std::string_view id) const;
+  /// The first relationship whose type ends in `name`, or nothing.
+  const Relationship* first(std::string_view name) const;
   bool changed() const { return changed_; }
   void unchanged() { changed_ = false; }
+  /// Of those that stand in a file, or were added.
   std::string text() const;
 
   /// Adds a relationship, or finds the one to that target of that type, a whole URI; its id.
@@ -49,9 +55,18 @@ class Relationships {
   static std::optional<std::string> sourceOf(std::string_view partName);
 
  private:
+  /// Places in all() by something that relationships have, of several with the same the first; of those that
+  /// were looked at.
+  struct Places {
+    std::unordered_map<std::string, std::size_t> first;
+    std::size_t count = 0;
+  };
+  const Relationship* look(Places& places, const std::string& key, const auto& keyOf) const;
+
   std::string source_;
-  std::unique_ptr<pugi::xml_document> document_;
+  std::unique_ptr<pugi::xml_document> document_;  ///< none as long as there are no relationships
   std::vector<Relationship> all_;
+  mutable Places ids_, names_, targets_;  ///< by id, by the end of the type, by type and target
   bool changed_ = false;
 };
 

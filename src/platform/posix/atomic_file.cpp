@@ -75,21 +75,31 @@ AtomicFile::~AtomicFile() {
 
 bool AtomicFile::replacesOpenFiles() { return true; }
 
-void AtomicFile::commit() {
-  const int file = ::open(temporary_.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) fail("can't be opened again after writing", errno);
-  const int synced = ::fsync(file);
-  const int code = errno;
-  ::close(file);
-  if (synced != 0) fail("can't be brought to the disk", code);
+void AtomicFile::commit(Flush flush) {
+  if (flush == Flush::now) {
+    const int file = ::open(temporary_.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) fail("can't be opened again after writing", errno);
+    const int synced = ::fsync(file);
+    const int code = errno;
+    ::close(file);
+    if (synced != 0) fail("can't be brought to the disk", code);
+  }
   if (::rename(temporary_.c_str(), target_.c_str()) != 0) fail("can't be replaced", errno);
   committed_ = true;
+  if (flush == Flush::later) return;
   // The file is in place. Whether its name has reached the disk is the file system's affair from here on, and
   // some can't sync a folder at all.
   const int folder = ::open(folderOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (folder < 0) return;
   ::fsync(folder);
   ::close(folder);
+}
+
+void flushFolder(const std::string& folder) {
+  const int place = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (place < 0) return;
+  ::syncfs(place);
+  ::close(place);
 }
 
 }  // namespace vellumark::platform

@@ -60,13 +60,13 @@ AtomicFile::~AtomicFile() {
 
 bool AtomicFile::replacesOpenFiles() { return false; }
 
-void AtomicFile::commit() {
+void AtomicFile::commit(Flush flush) {
   const std::wstring temporary = widePath(temporary_), target = widePath(target_);
   constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const HANDLE file = CreateFileW(temporary.c_str(), GENERIC_READ | GENERIC_WRITE, shared, nullptr,
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) fail("can't be opened again after writing", GetLastError());
-  const BOOL flushed = FlushFileBuffers(file);
+  const BOOL flushed = flush == Flush::later || FlushFileBuffers(file);
   const DWORD code = GetLastError();
   CloseHandle(file);
   if (!flushed) fail("can't be brought to the disk", code);
@@ -74,10 +74,13 @@ void AtomicFile::commit() {
   if (const DWORD old = GetFileAttributesW(target.c_str()); old != INVALID_FILE_ATTRIBUTES) {
     SetFileAttributesW(temporary.c_str(), old);
   }
-  if (!MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+  const DWORD through = flush == Flush::now ? MOVEFILE_WRITE_THROUGH : 0;
+  if (!MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | through)) {
     fail("can't be replaced", GetLastError());
   }
   committed_ = true;
 }
+
+void flushFolder(const std::string&) {}
 
 }  // namespace vellumark::platform

@@ -4,11 +4,12 @@
 #include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
-#include <QSaveFile>
 #include <algorithm>
 #include <cmath>
 #include <numeric>
 
+#include "base/error.h"
+#include "platform/atomic_file.h"
 #include "ui/qt/conversions.h"
 
 namespace vellumark::ui::qt {
@@ -161,8 +162,15 @@ bool paintPng(const platform::Drawing& drawing, const PngFile& file) {
     painter.setTransform(QTransform(map.xx, map.yx, map.xy, map.yy, map.dx, map.dy));
     paintDrawing(drawing, painter);
   }
-  QSaveFile out(toQt(file.path));
-  return out.open(QIODevice::WriteOnly) && image.save(&out, "PNG") && out.commit();
+  // Pictures come in hundreds, and can be painted again.
+  try {
+    platform::AtomicFile out(file.path);
+    if (!image.save(toQt(out.temporaryPath()), "PNG")) return false;
+    out.commit(platform::Flush::later);
+    return true;
+  } catch (const base::Error&) {
+    return false;
+  }
 }
 
 }  // namespace vellumark::ui::qt

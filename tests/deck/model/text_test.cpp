@@ -142,6 +142,36 @@ TEST_F(TextTest, DividesTextIntoUnits) {
   EXPECT_EQ(text().Paragraphs(1).Length(), 0);
 }
 
+/// Units are looked up again and again between changes of formats and texts.
+TEST_F(TextTest, UnitsFollowEachChange) {
+  openText("<a:p>" + run("one two") + "</a:p><a:p>" + run("three") + "</a:p>");
+  const auto state = [&] {
+    std::string all;
+    for (int i = 1; i <= text().Paragraphs().Count(); ++i) {
+      const host::TextRange paragraph = text().Paragraphs(i);
+      all += paragraph.Text() + "|" + std::to_string(paragraph.Words().Count()) +
+             std::to_string(paragraph.IndentLevel()) + ";";
+    }
+    return all;
+  };
+  EXPECT_EQ(state(), "one two\r|21;three|11;");
+  text().Paragraphs(2).IndentLevel(3);
+  EXPECT_EQ(state(), "one two\r|21;three|13;");
+  text().Paragraphs(1).ParagraphFormat().Alignment(host::ppAlignCenter);
+  text().Paragraphs(2).ParagraphFormat().Bullet().Visible(true);
+  EXPECT_EQ(state(), "one two\r|21;three|13;");
+  text().Words(2).Font().Bold(true);
+  EXPECT_EQ(state(), "one two\r|21;three|13;");
+  text().Paragraphs(2).IndentLevel(1);
+  text().Paragraphs(1).InsertAfter("a\r");
+  EXPECT_EQ(state(), "one two\r|21;a\r|11;three|11;");
+  text().Paragraphs(1).Text("");
+  EXPECT_EQ(state(), "a\r|11;three|11;");
+  host::callByName(shape("A").object(), "Duplicate");
+  shapes().Item(2).TextFrame().TextRange().Text("x");
+  EXPECT_EQ(state(), "a\r|11;three|11;");
+}
+
 TEST_F(TextTest, FramesHaveDefaultsInheritAndWriteInOrder) {
   deck.master().find("body").insets(1, 2, 3, 4).anchor("b").noWrap().fitToText();
   auto slide = deck.slide("obj");

@@ -99,11 +99,11 @@ TEST_F(Windows, SelectionChangesAreTold) {
             << "told after the change";
       });
   host.selectShapes(std::array{shapes.Item("A"), shapes.Item("B")});
-  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(changes, 1) << "several shapes at once";
   shapes.Item("C").Delete();
-  EXPECT_EQ(changes, 2) << "a shape outside the selection";
+  EXPECT_EQ(changes, 1) << "a shape outside the selection";
   shapes.Item("A").Delete();
-  EXPECT_EQ(changes, 3);
+  EXPECT_EQ(changes, 2);
   EXPECT_EQ(selection().ShapeRange().Item(1).Name(), "B");
   shapes.Item("B").Delete();
   EXPECT_EQ(selection().Type(), host::ppSelectionNone);
