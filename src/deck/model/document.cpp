@@ -5,8 +5,11 @@
 #include <string_view>
 
 #include "base/error.h"
+#include "deck/model/document_properties.h"
+#include "deck/model/file_kinds.h"
 #include "deck/model/new_presentation.h"
 #include "deck/model/references.h"
+#include "deck/model/slide_ids.h"
 #include "deck/model/xml_order.h"
 #include "deck/package/namespaces.h"
 #include "platform/paths.h"
@@ -18,25 +21,15 @@ std::string absolutePath(const std::string& path) {
   return platform::textOf(std::filesystem::absolute(platform::pathOf(path)).lexically_normal());
 }
 
-constexpr std::string_view mainTypes[] = {
-    "application/vnd.openxmlformats-officedocument.presentationml.presentation.main+xml",
-    "application/vnd.openxmlformats-officedocument.presentationml.slideshow.main+xml",
-    "application/vnd.openxmlformats-officedocument.presentationml.template.main+xml",
-    "application/vnd.ms-powerpoint.presentation.macroEnabled.main+xml",
-    "application/vnd.ms-powerpoint.slideshow.macroEnabled.main+xml",
-    "application/vnd.ms-powerpoint.template.macroEnabled.main+xml",
-};
-
-constexpr std::int32_t lowestSlideId = 256;
 constexpr std::int32_t slideIdLimit = 2147483647;
 
 std::string_view value(pugi::xml_node node, const char* attribute) {
   return node.attribute(attribute).value();
 }
 
-/// Takes every hyperlink with that relationship id out of a subtree.
+/// Takes every hyperlink and entry of a list with that relationship id out of a subtree.
 void dropLinks(Part& part, pugi::xml_node node, std::string_view relationshipId) {
-  for (const char* name : {"a:hlinkClick", "a:hlinkHover", "a:hlinkMouseOver"}) {
+  for (const char* name : {"a:hlinkClick", "a:hlinkHover", "a:hlinkMouseOver", "p:sld"}) {
     const std::string query = "descendant::" + std::string(name);
     for (const auto& found : node.select_nodes(query.c_str())) {
       if (value(found.node(), "r:id") == relationshipId) part.bury(found.node());
@@ -60,7 +53,7 @@ DocumentRef Document::open(const std::string& path, bool readOnly, bool untitled
   document->package_ = Package::open(path);
   document->presentation_ = document->package_->requiredRoot("officeDocument");
   const PartRef& main = document->presentation_;
-  if (std::ranges::find(mainTypes, std::string_view(main->contentType())) == std::end(mainTypes)) {
+  if (!isPresentationType(main->contentType())) {
     throw FormatError(path,
                       "is an Office file but no presentation (its main part is " + main->contentType() + ")");
   }
@@ -68,6 +61,9 @@ DocumentRef Document::open(const std::string& path, bool readOnly, bool untitled
     throw FormatError(main->name(),
                       "is no presentation: its root element is " + std::string(main->root().name()));
   }
+  // A file that is sound again is what the next save writes.
+  if (separateSlideIds(main->root())) main->touch();
+  for (const SlideEntry& entry : document->slides()) document->told_.push_back(entry.id);
   document->path_ = absolutePath(path);
   document->readOnly_ = readOnly;
   if (untitled) {
@@ -82,7 +78,7 @@ DocumentRef Document::scratch(bool strict) {
   document->package_ = Package::create();
   Package& package = *document->package_;
   document->presentation_ =
-      package.addXml("ppt/presentation.xml", std::string(mainTypes[0]),
+      package.addXml("ppt/presentation.xml", typeForFile(".pptx", {}),
                      R"(<p:presentation xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main")"
                      R"( xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships")"
                      R"( xmlns:p="http://schemas.openxmlformats.org/presentationml/2006/main"/>)");
@@ -125,22 +121,52 @@ void Document::save() {
     throw FormatError(name(), "was never saved and has no file yet: save it under a path first");
   }
   if (readOnly_) throw FormatError(path_, "was opened read-only: save it under another path");
-  dropLoose();
+  settle();
   package_->save(path_);
   saved_ = true;
 }
 
 void Document::saveAs(const std::string& path) {
-  dropLoose();
-  package_->save(path);
+  write(path, true);
   path_ = absolutePath(path);
   readOnly_ = false;
   saved_ = true;
 }
 
-void Document::saveCopyAs(const std::string& path) {
+void Document::saveCopyAs(const std::string& path) { write(path, false); }
+
+void Document::settle() {
   dropLoose();
-  package_->save(path, false);
+  tellOfSlides(*this, told_);
+  told_.clear();
+  for (const SlideEntry& entry : slides()) told_.push_back(entry.id);
+}
+
+void Document::write(const std::string& path, bool adopt) {
+  settle();
+  const std::string before = presentation_->contentType();
+  const std::string type = typeForFile(path, before);
+  if (type != before) package_->retype(presentation_, type);
+  try {
+    package_->save(path, adopt);
+  } catch (...) {
+    if (type != before) package_->retype(presentation_, before);
+    throw;
+  }
+  if (type != before && !adopt) package_->retype(presentation_, before);
+  if (!mayHoldMacros(type) && presentation_->firstRelationship("vbaProject")) {
+    const DocumentRef written = adopt ? shared_from_this() : open(path, false, false);
+    written->dropMacros();
+    written->package_->save(path);
+  }
+}
+
+void Document::dropMacros() {
+  while (const Relationship* macros = presentation_->firstRelationship("vbaProject")) {
+    const PartRef part = presentation_->target(*macros);
+    presentation_->unrelate(std::string(macros->id));
+    if (part) package_->remove(part);
+  }
 }
 
 void Document::loosen(const PartRef& part, const std::vector<std::string>& relationships) {
@@ -151,7 +177,10 @@ void Document::dropLoose() {
   std::vector<PartRef> targets;
   for (auto& [part, ids] : loose_) {
     if (part->removed()) continue;
-    for (const Reference& reference : referencesIn(part->root())) ids.erase(reference.attribute.value());
+    for (const Reference& reference : referencesIn(part->root())) {
+      ids.erase(reference.attribute.value());
+      ids.erase(diagramDrawing(*part, reference));
+    }
     for (const std::string& id : ids) {
       const Relationship* relationship = part->relationship(id);
       if (!relationship) continue;
@@ -225,9 +254,9 @@ void Document::deleteSlide(std::int32_t id) {
     }
   }
   dropFromExtensions(*presentation_, presentation(), id);
-  // Hyperlinks of other slides to this one lose their target, so they go too.
-  for (const SlideEntry& entry : slides()) {
-    const Sheet other = slide(entry.id);
+  // What leads to this slide from elsewhere loses its target, so it goes too: hyperlinks of other slides, of
+  // masters and layouts, and the place in the outline.
+  const auto forget = [&](const Sheet& other) {
     std::vector<std::string> links;
     for (const Relationship& relationship : other.part->relationships()) {
       if (relationship.is("slide") && other.part->target(relationship) == gone.part)
@@ -238,7 +267,13 @@ void Document::deleteSlide(std::int32_t id) {
       other.part->unrelate(link);
       other.touch();
     }
+  };
+  for (const SlideEntry& entry : slides()) forget(slide(entry.id));
+  for (const Sheet& master : masters()) {
+    forget(master);
+    for (const Sheet& layout : layoutsOf(master)) forget(layout);
   }
+  if (const Sheet view = related("viewProps")) forget(view);
   package_->remove(gone.part);
   touch(*presentation_);
 }
