@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "base/text.h"
 #include "platform/paths.h"
 
 namespace vellumark::app {
@@ -30,6 +31,16 @@ void requireOther(const std::string& out, const std::string& deck) {
   if (target != out && !fs::exists(platform::pathOf(out), missing) && fs::exists(targetPath, missing)) {
     throw Failure(Exit::usage,
                   "-o " + out + ": would replace " + target + "; give a name that differs in more than case");
+  }
+  const auto extension = [](const std::string& path) {
+    return base::toLower(platform::textOf(platform::pathOf(path).extension()));
+  };
+  const std::string from = extension(deck), to = extension(target);
+  const bool macros = from == ".pptm" || from == ".ppsm" || from == ".potm";
+  if (macros && (to == ".pptx" || to == ".ppsx" || to == ".potx")) {
+    throw Failure(Exit::usage, "-o " + out +
+                                   ": would leave the deck's macros behind; give a name that ends in " +
+                                   to.substr(0, to.size() - 1) + "m");
   }
 }
 

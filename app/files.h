@@ -13,8 +13,8 @@ namespace vellumark::app {
 /// A Failure where there is no such file.
 void requireDeck(const std::string& deck);
 
-/// A Failure of usage where `out` is the deck itself under whatever name, or the host would take it for
-/// another file that differs only in the case of letters.
+/// A Failure of usage where `out` is the deck itself under whatever name, the host would take it for another
+/// file that differs only in the case of letters, or it is of a kind that loses the deck's macros.
 void requireOther(const std::string& out, const std::string& deck);
 
 /// The failure that an error of the host while it reads or writes `path` ends the program with.

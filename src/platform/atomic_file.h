@@ -11,7 +11,10 @@ enum class Flush { now, later };
 
 /// A new file beside its target. The caller writes to temporaryPath(); commit() brings the bytes safely to
 /// the disk and gives the file the target's name. Without commit() the temporary file vanishes and the target
-/// stays as it was. A target that is a link is followed; the mode of a file that is replaced is kept.
+/// stays as it was. A target that is a link is followed. A file that is replaced hands owner, group and
+/// rights on, as far as the user may give them. Where the program is ended by a signal the temporary file
+/// vanishes as well; one that was left by a program that was killed is removed by the next AtomicFile in its
+/// folder.
 class AtomicFile {
  public:
   /// base::Error 75 where the folder can't be written to, or the target is a folder, a device or
@@ -32,6 +35,7 @@ class AtomicFile {
   std::string target_;
   std::string temporary_;
   bool committed_ = false;
+  int lock_ = -1;  ///< tells others that the temporary file is in use, where the system needs telling
 };
 
 /// Brings everything that was written to a folder to the disk, on systems that do so for a whole folder;

@@ -1,6 +1,7 @@
 #include "core/config.h"
 #include "core/failure.h"
 #include "core/globals.h"
+#include "tools/notes_page.h"
 #include "tools/trimline_tools.h"
 #include "ui/message_box.h"
 
@@ -18,7 +19,9 @@ void TrimlineTools::removeAllSpeechNotes() {
     const host::Slides slides = core::globals().powerPointApp.ActivePresentation().Slides();
     const int count = slides.Count();
     for (int i = 1; i <= count; ++i) {
-      const host::Placeholders placeholders = slides.Item(i).NotesPage().Shapes().Placeholders();
+      const host::Slide slide = slides.Item(i);
+      if (!hasNotesPage(slide)) continue;
+      const host::Placeholders placeholders = slide.NotesPage().Shapes().Placeholders();
       const int placeholderCount = placeholders.Count();
       for (int j = 1; j <= placeholderCount; ++j) {
         const host::Shape placeholder = placeholders.Item(j);

@@ -7,6 +7,7 @@
 #include "core/globals.h"
 #include "core/message.h"
 #include "host/window.h"
+#include "tools/notes_page.h"
 #include "tools/trimline_tools.h"
 
 namespace vellumark::tools {
@@ -78,7 +79,7 @@ void TrimlineTools::iterateSelection(const host::Selection& selection, const std
       for (int i = 1; i <= count; ++i) {
         const host::Slide slide = slides.Item(i);
         walkAll(slide.Shapes());
-        if (language) walkAll(slide.NotesPage().Shapes());
+        if (language && hasNotesPage(slide)) walkAll(slide.NotesPage().Shapes());
       }
       break;
     }

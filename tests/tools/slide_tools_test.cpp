@@ -192,6 +192,10 @@ TEST_F(SlideTools, SpeechNotesGoOnlyOnYes) {
   messages.toolkit().addAnswer("Yes");
   tools.removeAllSpeechNotes();
   EXPECT_EQ(notes(), "");
+  application().ActiveWindow().Selection().SlideRange().Select();
+  tools.setLanguage(1031);
+  EXPECT_EQ(host::getByName(slide(1).object(), "HasNotesPage").toInt(), host::msoFalse)
+      << "neither makes the pages of slides that have none";
   const Texts questions = told();
   EXPECT_EQ(questions.size(), 2u);
   EXPECT_EQ(

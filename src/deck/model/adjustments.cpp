@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "deck/model/auto_size.h"
 #include "deck/model/member_table.h"
 #include "deck/model/preset_adjustments.h"
 #include "deck/model/shape_frame.h"
@@ -78,7 +79,7 @@ class AdjustmentsObject : public ModelObject<AdjustmentsObject> {
     values[place] = toFile(geometry, item, guides[place], value);
 
     writePreset(shape_, std::string(geometry.preset), values);
-    shape_.sheet.touch(Change::contents);
+    textChanged(shape_);
   }
 
  private:

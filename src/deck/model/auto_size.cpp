@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "deck/model/connections.h"
 #include "deck/model/shape_frame.h"
@@ -42,6 +43,10 @@ void resize(ShapeFrame& frame, double width, double height, double shareX, doubl
   frame.y = std::round(middle.y + way.y - height / 2);
 }
 
+bool isFitted(const ShapeKey& shape) {
+  return shapeElement(shape.node) == ShapeElement::shape && textFit(shape) == TextFit::shape;
+}
+
 /// One step towards the size that the text needs; whether anything changed.
 bool fitOnce(const ShapeKey& shape) {
   const TextLayout layout(shape);
@@ -74,9 +79,25 @@ bool fitOnce(const ShapeKey& shape) {
 void textChanged(const ShapeKey& shape) {
   shape.sheet.touch(Change::contents);
   if (isTableCell(shape.node)) return fitRow(shape);
-  if (textFit(shape) != TextFit::shape || shapeElement(shape.node) != ShapeElement::shape) return;
+  fitToText(shape);
+}
+
+void fitToText(const ShapeKey& shape) {
+  if (shapeElement(shape.node) == ShapeElement::group) {
+    std::vector<pugi::xml_node> leaves;
+    appendLeaves(shape.node, leaves);
+    for (const pugi::xml_node leaf : leaves) fitToText({shape.sheet, leaf});
+  }
+  if (!isFitted(shape)) return;
   // What a form takes from its frame changes with the frame.
   for (int step = 0; step < 4 && fitOnce(shape); ++step) continue;
+}
+
+void keepFitted(const ShapeKey& shape, const ShapeFrame& now, ShapeFrame& frame) {
+  if (!isFitted(shape)) return;
+  const bool wraps = wrapsText(shape), upright = isUpright(shape);
+  if (!wraps || upright) frame.width = now.width;
+  if (!wraps || !upright) frame.height = now.height;
 }
 
 }  // namespace vellumark::deck

@@ -7,8 +7,11 @@
 #include <unordered_map>
 
 #include "base/error.h"
+#include "deck/model/document_properties.h"
+#include "deck/model/file_kinds.h"
 #include "deck/model/new_presentation.h"
 #include "deck/model/references.h"
+#include "deck/model/slide_ids.h"
 #include "deck/model/xml_order.h"
 #include "deck/package/namespaces.h"
 #include "platform/path_lock.h"
@@ -21,25 +24,15 @@ std::string absolutePath(const std::string& path) {
   return platform::textOf(std::filesystem::absolute(platform::pathOf(path)).lexically_normal());
 }
 
-constexpr std::string_view mainTypes[] = {
-    "application/vnd.openxmlformats-officedocument.presentationml.presentation.main+xml",
-    "application/vnd.openxmlformats-officedocument.presentationml.slideshow.main+xml",
-    "application/vnd.openxmlformats-officedocument.presentationml.template.main+xml",
-    "application/vnd.ms-powerpoint.presentation.macroEnabled.main+xml",
-    "application/vnd.ms-powerpoint.slideshow.macroEnabled.main+xml",
-    "application/vnd.ms-powerpoint.template.macroEnabled.main+xml",
-};
-
-constexpr std::int32_t lowestSlideId = 256;
 constexpr std::int32_t slideIdLimit = 2147483647;
 
 std::string_view value(pugi::xml_node node, const char* attribute) {
   return node.attribute(attribute).value();
 }
 
-/// Takes every hyperlink with that relationship id out of a subtree.
+/// Takes every hyperlink and entry of a list with that relationship id out of a subtree.
 void dropLinks(Part& part, pugi::xml_node node, std::string_view relationshipId) {
-  for (const char* name : {"a:hlinkClick", "a:hlinkHover", "a:hlinkMouseOver"}) {
+  for (const char* name : {"a:hlinkClick", "a:hlinkHover", "a:hlinkMouseOver", "p:sld"}) {
     const std::string query = "descendant::" + std::string(name);
     for (const auto& found : node.select_nodes(query.c_str())) {
       if (value(found.node(), "r:id") == relationshipId) part.bury(found.node());
@@ -64,7 +57,7 @@ DocumentRef Document::open(const std::string& path, bool readOnly, bool untitled
   document->package_ = Package::open(path);
   document->presentation_ = document->package_->requiredRoot("officeDocument");
   const PartRef& main = document->presentation_;
-  if (std::ranges::find(mainTypes, std::string_view(main->contentType())) == std::end(mainTypes)) {
+  if (!isPresentationType(main->contentType())) {
     throw FormatError(path,
                       "is an Office file but no presentation (its main part is " + main->contentType() + ")");
   }
@@ -72,6 +65,9 @@ DocumentRef Document::open(const std::string& path, bool readOnly, bool untitled
     throw FormatError(main->name(),
                       "is no presentation: its root element is " + std::string(main->root().name()));
   }
+  // A file that is sound again is what the next save writes.
+  if (separateSlideIds(main->root())) main->touch();
+  for (const SlideEntry& entry : document->slides()) document->told_.push_back(entry.id);
   document->path_ = absolutePath(path);
   document->readOnly_ = readOnly;
   if (untitled) {
@@ -86,7 +82,7 @@ DocumentRef Document::scratch(bool strict) {
   document->package_ = Package::create();
   Package& package = *document->package_;
   document->presentation_ =
-      package.addXml("ppt/presentation.xml", std::string(mainTypes[0]),
+      package.addXml("ppt/presentation.xml", typeForFile(".pptx", {}),
                      R"(<p:presentation xmlns:a="http://schemas.openxmlformats.org/drawingml/2006/main")"
                      R"( xmlns:r="http://schemas.openxmlformats.org/officeDocument/2006/relationships")"
                      R"( xmlns:p="http://schemas.openxmlformats.org/presentationml/2006/main"/>)");
@@ -129,18 +125,29 @@ void Document::save() {
     throw FormatError(name(), "was never saved and has no file yet: save it under a path first");
   }
   if (readOnly_) throw FormatError(path_, "was opened read-only: save it under another path");
-  write(path_);
+  write(path_, presentation_->contentType(), true);
 }
 
 void Document::saveAs(const std::string& path) {
-  write(path);
+  write(path, typeForFile(path, presentation_->contentType()), true);
   path_ = absolutePath(path);
   readOnly_ = false;
 }
 
+void Document::saveCopyAs(const std::string& path) {
+  write(path, typeForFile(path, presentation_->contentType()), false);
+}
+
+void Document::settle() {
+  dropLoose();
+  tellOfSlides(*this, told_);
+  told_.clear();
+  for (const SlideEntry& entry : slides()) told_.push_back(entry.id);
+}
+
 /// Other programs that save there wait meanwhile. What one of them wrote into the presentation's own file is
 /// never lost.
-void Document::write(const std::string& path) {
+void Document::write(const std::string& path, const std::string& type, bool adopt) {
   constexpr std::chrono::seconds patience(30);
   const platform::PathLock lock(path, patience);
   if (!lock.held()) throw FormatError(path, "is being written by another program: try again");
@@ -150,15 +157,33 @@ void Document::write(const std::string& path) {
                       "was changed by another program after it was opened, and stays as it is now: open it "
                       "again, or save under another path");
   }
-  dropLoose();
-  package_->save(path);
+  settle();
+  const std::string before = presentation_->contentType();
+  const bool otherKind = type != before;
+  if (otherKind) package_->retype(presentation_, type);
+  try {
+    package_->save(path, adopt);
+  } catch (...) {
+    if (otherKind) package_->retype(presentation_, before);
+    throw;
+  }
+  if (otherKind && !adopt) package_->retype(presentation_, before);
+  if (otherKind && !mayHoldMacros(type) && presentation_->firstRelationship("vbaProject")) {
+    const DocumentRef written = adopt ? shared_from_this() : open(path, false, false);
+    written->dropMacros();
+    written->package_->save(path);
+  }
+  if (!adopt) return;
   written_ = platform::fileState(path);
   saved_ = true;
 }
 
-void Document::saveCopyAs(const std::string& path) {
-  dropLoose();
-  package_->save(path, false);
+void Document::dropMacros() {
+  while (const Relationship* macros = presentation_->firstRelationship("vbaProject")) {
+    const PartRef part = presentation_->target(*macros);
+    presentation_->unrelate(std::string(macros->id));
+    if (part) package_->remove(part);
+  }
 }
 
 void Document::loosen(const PartRef& part, const std::vector<std::string>& relationships) {
@@ -169,7 +194,10 @@ void Document::dropLoose() {
   std::vector<PartRef> targets;
   for (auto& [part, ids] : loose_) {
     if (part->removed()) continue;
-    for (const Reference& reference : referencesIn(part->root())) ids.erase(reference.attribute.value());
+    for (const Reference& reference : referencesIn(part->root())) {
+      ids.erase(reference.attribute.value());
+      ids.erase(diagramDrawing(*part, reference));
+    }
     for (const std::string& id : ids) {
       const Relationship* relationship = part->relationship(id);
       if (!relationship) continue;
@@ -251,10 +279,9 @@ void Document::deleteSlide(std::int32_t id) {
   presentation_->bury(entry.node);
   presentation_->unrelate(entry.relationshipId);
   dropFromExtensions(*presentation_, presentation(), id);
-  // Hyperlinks of other slides to this one lose their target, so they go too.
-  const std::vector<SlideEntry> others = slides();
-  for (const SlideEntry& remaining : others) {
-    const Sheet other = slide(remaining.id);
+  // What leads to this slide from elsewhere loses its target, so it goes too: hyperlinks of other slides, of
+  // masters and layouts, and the place in the outline.
+  const auto forget = [&](const Sheet& other) {
     std::vector<std::string> links;
     for (const Relationship& relationship : other.part->relationships()) {
       if (relationship.is("slide") && other.part->target(relationship) == gone.part)
@@ -265,7 +292,14 @@ void Document::deleteSlide(std::int32_t id) {
       other.part->unrelate(link);
       other.touch();
     }
+  };
+  const std::vector<SlideEntry> others = slides();
+  for (const SlideEntry& entry : others) forget(slide(entry.id));
+  for (const Sheet& master : masters()) {
+    forget(master);
+    for (const Sheet& layout : layoutsOf(master)) forget(layout);
   }
+  if (const Sheet view = related("viewProps")) forget(view);
   package_->remove(gone.part);
   touch(*presentation_);
 }

@@ -77,6 +77,8 @@ class Document : public std::enable_shared_from_this<Document> {
   void touch(Part& part, Change change = Change::anything);
 
   void save();
+  /// The extension says what kind of file is written: a presentation, a show, a template. As PowerPoint does,
+  /// macros are left out of kinds that hold none.
   void saveAs(const std::string& path);
   void saveCopyAs(const std::string& path);
 
@@ -122,8 +124,12 @@ class Document : public std::enable_shared_from_this<Document> {
   Document() = default;
   SlideList& slideList() const;
   std::int32_t nextSlideId();
+  /// What is put off until the file is written.
+  void settle();
   void dropLoose();
-  void write(const std::string& path);
+  /// Writes the file as one of that content type, which the presentation keeps where it adopts the file.
+  void write(const std::string& path, const std::string& type, bool adopt);
+  void dropMacros();
   /// Lists a new slide in the section of the slide that it comes before, in the last one where there is none.
   void addToSection(std::int32_t id, std::int32_t before);
 
@@ -142,6 +148,7 @@ class Document : public std::enable_shared_from_this<Document> {
   };
   std::vector<Draft> drafts_;
   std::map<PartRef, std::set<std::string>> loose_;  ///< relationships that may be referred to no longer
+  std::vector<std::int32_t> told_;                  ///< the slides of which docProps/app.xml tells, by id
   std::int32_t highestSlideId_ = 0;                 ///< ids are never used twice while the file is open
 };
 

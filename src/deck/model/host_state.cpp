@@ -6,6 +6,7 @@
 #include "base/conversions.h"
 #include "base/error.h"
 #include "deck/model/objects.h"
+#include "host/constants.h"
 
 namespace vellumark::deck {
 
@@ -45,6 +46,12 @@ host::Subscription HostState::subscribe(host::EventHandler handler) {
 }
 
 void HostState::select(const WindowRef& window, SelectionState selection) {
+  if (window->viewType == host::ppViewNormal) {
+    if (selection.type == host::ppSelectionSlides) window->activePane = 1;
+    const bool thumbnails = window->activePane == 1 && !window->outline;
+    const bool text = selection.type == host::ppSelectionText;
+    if (selection.type == host::ppSelectionShapes || (text && thumbnails)) window->activePane = 2;
+  }
   window->selection = std::move(selection);
   host::Value arguments[] = {makeSelection(shared_from_this(), window)};
   raiseEvent(host::member::WindowSelectionChange, arguments);

@@ -79,7 +79,8 @@ class HostState : public std::enable_shared_from_this<HostState> {
   void raiseEvent(host::Member event, std::span<host::Value> arguments);
   host::Subscription subscribe(host::EventHandler handler);
 
-  /// Changes the selection of a window and tells the listeners.
+  /// Changes the selection of a window and tells the listeners. In normal view slides are selected in the
+  /// first pane, shapes and text in that of the slide; text in the outline too.
   void select(const WindowRef& window, SelectionState selection);
   /// Drops what is no longer there from all selections and views (after a deletion).
   void forgetDeleted();

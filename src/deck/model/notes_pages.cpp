@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "deck/model/document_properties.h"
 #include "deck/model/references.h"
 #include "deck/model/shape_node.h"
 #include "deck/model/sheet_copier.h"
@@ -188,6 +189,7 @@ Sheet notesPage(const Sheet& slide) {
     if (!document->related("notesMaster")) document->touch(*master);
     document->package().adopt(page);
     slide->relate(*page, "notesSlide");
+    tellOfNotesPage(*document);
   };
   document->keepDraft(purpose, page, adopt);
   return document->sheet(page);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "deck/model/shape_node.h"
+#include "deck/package/format_error.h"
 
 namespace vellumark::deck {
 namespace {
@@ -44,6 +45,22 @@ std::vector<Reference> referencesIn(xml_node node) {
   std::vector<Reference> found;
   collect(node, found);
   return found;
+}
+
+xml_node drawingExtension(xml_node data) {
+  return data.find_node([](xml_node one) { return localName(one) == "dataModelExt"; });
+}
+
+std::string diagramDrawing(Part& sheet, const Reference& reference) {
+  if (std::string_view(reference.attribute.name()) != "r:dm") return {};
+  const Relationship* relationship = sheet.relationship(reference.attribute.value());
+  const PartRef data = relationship ? sheet.target(*relationship) : nullptr;
+  if (!data) return {};
+  try {
+    return drawingExtension(data->root()).attribute("relId").value();
+  } catch (const FormatError&) {
+    return {};
+  }
 }
 
 void dropReferences(xml_node node, std::string_view id) {

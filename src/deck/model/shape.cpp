@@ -5,6 +5,7 @@
 
 #include "base/xml_storable.h"
 #include "deck/model/adjustments.h"
+#include "deck/model/auto_size.h"
 #include "deck/model/black_white_mode.h"
 #include "deck/model/connections.h"
 #include "deck/model/fill_and_line.h"
@@ -155,8 +156,10 @@ class ShapeObject : public ModelObject<ShapeObject> {
     const ShapeFrame old = slideFrame(shape_);
     ShapeFrame frame = old;
     assign(frame, emu(value));
+    keepFitted(shape_, old, frame);
     moveShape(shape_, frame);
     if (deck::hasTable(shape_)) stretchTable(shape_, old);
+    if (frame.width != old.width || frame.height != old.height) fitToText(shape_);
   }
 
   /// p:cNvPr, which has an id whatever the file left out.

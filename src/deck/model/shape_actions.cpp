@@ -52,6 +52,9 @@ void bury(const Sheet& sheet, xml_node node) {
   std::vector<std::string> relationships;
   for (const Reference& reference : referencesIn(node)) {
     relationships.emplace_back(reference.attribute.value());
+    if (std::string drawing = diagramDrawing(*sheet.part, reference); !drawing.empty()) {
+      relationships.push_back(std::move(drawing));
+    }
   }
   sheet.document->loosen(sheet.part, relationships);
   sheet.part->bury(node);

@@ -79,11 +79,6 @@ class Renumbering {
   std::map<std::int32_t, std::int32_t> ids_;
 };
 
-/// A diagram's data names the part with its drawing by an id of the sheet's relationships, in an extension.
-xml_node drawingExtension(xml_node node) {
-  return node.find_node([](xml_node one) { return localName(one) == "dataModelExt"; });
-}
-
 class ShapeCopy {
  public:
   ShapeCopy(Part& from, const Sheet& target, PartCopier& copier)

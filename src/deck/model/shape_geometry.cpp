@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/error.h"
+#include "deck/model/auto_size.h"
 #include "deck/model/autoshape_types.h"
 #include "deck/model/placeholder.h"
 #include "deck/model/shape_node.h"
@@ -65,7 +66,7 @@ void setAutoShapeType(const ShapeKey& shape, std::int32_t type) {
   if (before.preset == preset) return;
   xml_node geometry = requirePreset(shape, preset);
   childInOrder(geometry, "a:avLst", {}).remove_children();
-  shape.sheet.touch(Change::contents);
+  textChanged(shape);
 }
 
 xml_node requirePreset(const ShapeKey& shape, std::string_view preset) {

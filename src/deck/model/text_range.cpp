@@ -16,6 +16,7 @@
 #include "deck/model/text_characters.h"
 #include "deck/model/text_frame.h"
 #include "deck/model/text_layout.h"
+#include "deck/model/text_style.h"
 #include "deck/model/text_units.h"
 
 namespace vellumark::deck {
@@ -66,7 +67,10 @@ class TextRangeObject : public ModelObject<TextRangeObject> {
     return base::fromUtf16(std::u16string_view(body->text()).substr(span.start, span.length));
   }
   void setText(const std::string& text) {
-    span_ = TextBody(shape_).replace(span_, storableText(base::toUtf16(text)));
+    TextBody body(shape_);
+    // Nothing in the place of nothing is no change: a notes page that was only looked at doesn't come to be.
+    if (text.empty() && body.text().empty() && textBodyOf(shape_.node)) return;
+    span_ = body.replace(span_, storableText(base::toUtf16(text)));
     textChanged(shape_);
   }
   std::int32_t start() { return static_cast<std::int32_t>(currentText(shape_)->clipped(span_).start) + 1; }

@@ -12,13 +12,13 @@ constexpr std::string_view noTypes =
     R"(<Types xmlns="http://schemas.openxmlformats.org/package/2006/content-types">)"
     R"(<Default Extension="rels" ContentType="application/vnd.openxmlformats-package.relationships+xml"/>)"
     R"(<Default Extension="xml" ContentType="application/xml"/></Types>)";
-constexpr XmlLimits limits = {.depth = 8};
+constexpr int depth = 8;
 
 }  // namespace
 
 ContentTypes::ContentTypes() : ContentTypes(noTypes) { changed_ = true; }
 
-ContentTypes::ContentTypes(std::string_view xml) : document_(parseXml(partName, xml, limits)) {
+ContentTypes::ContentTypes(std::string_view xml) : document_(parseXml(partName, xml, depth)) {
   for (pugi::xml_node node : document_->document_element().children()) {
     const std::string_view name = node.name();
     if (name.ends_with("Default")) {
@@ -46,7 +46,8 @@ void ContentTypes::set(const std::string& part, const std::string& type) {
   if (of(part) == type) return;
   const std::string extension = base::toLower(part.substr(part.rfind('.') + 1));
   const bool named = part.rfind('.') != std::string::npos && part.rfind('.') > part.rfind('/') + 1;
-  if (named && !type.ends_with("xml") && !defaults_.contains(extension)) {
+  const bool ofExtension = !type.ends_with("xml") || extension == "rels";
+  if (named && ofExtension && !defaults_.contains(extension)) {
     pugi::xml_node node = append("Default");
     node.append_attribute("Extension").set_value(extension.c_str());
     node.append_attribute("ContentType").set_value(type.c_str());

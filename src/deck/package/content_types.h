@@ -20,8 +20,8 @@ class ContentTypes {
 
   /// The type of a part; empty where none is declared.
   std::string of(std::string_view part) const;
-  /// Declares the type of a part. Where it is no XML and nothing is known of the name's extension, the type
-  /// becomes that of the extension, as it is usual for pictures.
+  /// Declares the type of a part. Where nothing is known of the name's extension, the type becomes that of
+  /// the extension if it is no XML or the extension is "rels", as it is usual for pictures and relationships.
   void set(const std::string& part, const std::string& type);
   void remove(std::string_view part);
   bool changed() const { return changed_; }

@@ -26,10 +26,17 @@ struct Package::State {
   std::unordered_map<std::string, std::size_t> entries;
   /// Below these numbers no name of a pattern is free; none becomes free before the file is written.
   std::unordered_map<std::string, std::size_t> lowestFree;
-  bool partsChanged = false;  ///< some were added or removed
+  bool partsChanged = false;    ///< some were added or removed
+  std::uint64_t fileBytes = 0;  ///< size of the file
+  // What was parsed of the file so far.
+  std::uint64_t xmlBytes = 0;
+  std::uint64_t xmlItems = 0;
 
   void checkDirectory(const std::string& path) const;
   void indexEntries();
+  std::string read(std::size_t entry, std::uint64_t limit) const;
+  std::string readXml(std::size_t entry);
+  void settleRelationshipTypes();
   void collect(ZipWriter& writer) const;
   void exchange(platform::AtomicFile& file, ZipArchive& saved, const std::string& path) const;
 };
@@ -41,7 +48,7 @@ bool isFolder(std::string_view name) { return name.ends_with('/'); }
 /// Parses a part and brings its prefixes to the usual ones.
 std::unique_ptr<pugi::xml_document> parsePart(const std::string& name, std::string_view bytes,
                                               const Limits& limits) {
-  auto document = parseXml(name, bytes, {.depth = limits.xmlDepth, .items = limits.xmlItems});
+  auto document = parseXml(name, bytes, limits.xmlDepth);
   // A text in another encoding is not looked at but walked.
   const bool utf8 = bytes.starts_with('<') || bytes.starts_with("\xEF\xBB\xBF");
   if (!utf8 || hasUnusualPrefixes(bytes)) makePrefixesUsual(document->document_element());
@@ -67,7 +74,6 @@ void Package::State::checkDirectory(const std::string& path) const {
   if (all.size() > limits.parts) {
     throw FormatError(path, "has more than " + std::to_string(limits.parts) + " parts");
   }
-  std::uint64_t total = 0;
   for (const ZipEntry& entry : all) {
     if (!isFolder(entry.name) && !isPartName(entry.name)) {
       throw FormatError(path, "holds an entry '" + entry.name + "', which is no safe name of a part");
@@ -76,22 +82,40 @@ void Package::State::checkDirectory(const std::string& path) const {
       throw FormatError(path, "is protected by a password ('" + entry.name +
                                   "' is encrypted); save it as .pptx without one first");
     }
-    constexpr std::uint64_t worthLooking = 1 << 20;
-    const bool outOfProportion =
-        entry.size > worthLooking &&
-        entry.size / limits.inflationRatio >= std::max<std::uint64_t>(entry.compressedSize, 1);
-    if (entry.size > limits.partBytes || outOfProportion) {
-      throw FormatError(entry.name, "is out of all proportion: " + std::to_string(entry.compressedSize) +
-                                        " bytes that unpack to " + std::to_string(entry.size));
-    }
-    total += entry.size;  // each is below partBytes: no overflow
-    if (total > limits.totalBytes) {
-      throw FormatError(path, "unpacks to more than " + std::to_string(limits.totalBytes) + " bytes");
-    }
   }
 }
 
+/// An entry's bytes; the limits hold for what is read, not for what is only copied.
+std::string Package::State::read(std::size_t entry, std::uint64_t limit) const {
+  const ZipEntry& info = archive->entries()[entry];
+  constexpr std::uint64_t worthLooking = 1 << 20;
+  if (info.size > worthLooking &&
+      info.size / limits.inflationRatio >= std::max<std::uint64_t>(info.compressedSize, 1)) {
+    throw FormatError(info.name, "is out of all proportion: " + std::to_string(info.compressedSize) +
+                                     " bytes that unpack to " + std::to_string(info.size));
+  }
+  return archive->read(entry, limit);
+}
+
+/// The text of an entry that is to be parsed: a tree takes far more memory than its text, and many parts
+/// together no less than one.
+std::string Package::State::readXml(std::size_t entry) {
+  std::string text = read(entry, limits.xmlBytes);
+  xmlBytes += text.size();
+  xmlItems += countXmlItems(text);
+  const auto check = [&](std::uint64_t used, const Limits::InAll& limit, const char* what) {
+    const std::uint64_t most = std::min(limit.base + limit.perByte * fileBytes, limit.most);
+    if (used <= most) return;
+    throw FormatError(archive->entries()[entry].name,
+                      "is too much: the XML of the file has more than " + std::to_string(most) + what);
+  };
+  check(xmlBytes, limits.allXmlBytes, " bytes");
+  check(xmlItems, limits.allXmlItems, " elements, attributes and texts");
+  return text;
+}
+
 void Package::State::indexEntries() {
+  fileBytes = archive->fileBytes();
   entries.clear();
   const auto& all = archive->entries();
   for (std::size_t i = 0; i < all.size(); ++i) {
@@ -113,7 +137,7 @@ std::unique_ptr<Package> Package::open(const std::string& path, const Limits& li
   if (types == state.entries.end()) {
     throw FormatError(path, "is a zip file but no Office file: it has no [Content_Types].xml");
   }
-  state.contentTypes = std::make_unique<ContentTypes>(state.archive->read(types->second, limits.xmlBytes));
+  state.contentTypes = std::make_unique<ContentTypes>(state.readXml(types->second));
   const auto& all = state.archive->entries();
   for (std::size_t i = 0; i < all.size(); ++i) {
     const std::string key = partKey(all[i].name);
@@ -139,6 +163,22 @@ std::unique_ptr<Package> Package::create() {
 PartRef Package::part(std::string_view name) {
   const auto found = state_->byName.find(partKey(name));
   return found == state_->byName.end() ? nullptr : found->second;
+}
+
+PartRef Package::root(std::string_view type) {
+  for (const Relationship& relationship : state_->relationships->all()) {
+    if (relationship.is(type) && !relationship.external) return part(relationship.target);
+  }
+  return nullptr;
+}
+
+void Package::removeRoot(std::string_view type) {
+  const PartRef gone = root(type);
+  if (!gone) return;
+  const auto& all = state_->relationships->all();
+  state_->relationships->remove(
+      std::ranges::find_if(all, [&](const Relationship& one) { return one.is(type) && !one.external; })->id);
+  remove(gone);
 }
 
 PartRef Package::requiredRoot(std::string_view type) {
@@ -178,21 +218,24 @@ std::string Package::wholeType(std::string_view type) const {
 std::unique_ptr<Relationships> Package::readRelationships(const std::string& source) const {
   const auto entry = state_->entries.find(partKey(Relationships::partName(source)));
   if (entry == state_->entries.end()) return std::make_unique<Relationships>(source);
-  return std::make_unique<Relationships>(
-      source, state_->archive->read(entry->second, state_->limits.xmlBytes), state_->limits.relationships);
+  return std::make_unique<Relationships>(source, state_->readXml(entry->second),
+                                         state_->limits.relationships);
 }
 
 std::unique_ptr<pugi::xml_document> Package::parse(const Part& part) const {
-  return parsePart(part.name(), read(part, state_->limits.xmlBytes), state_->limits);
+  const auto entry = entryOf(part);
+  return parsePart(part.name(), entry ? state_->readXml(*entry) : part.added_, state_->limits);
 }
 
-std::string Package::readBytes(const Part& part) const { return read(part, state_->limits.partBytes); }
+std::string Package::readBytes(const Part& part) const {
+  const auto entry = entryOf(part);
+  return entry ? state_->read(*entry, state_->limits.partBytes) : part.added_;
+}
 
-std::string Package::read(const Part& part, std::uint64_t limit) const {
-  if (!part.entry_) return part.added_;
+std::optional<std::size_t> Package::entryOf(const Part& part) {
   // Its place may by now be that of something else, in another file.
-  if (part.removed_) throw FormatError(part.name(), "was taken out of the package");
-  return state_->archive->read(*part.entry_, limit);
+  if (part.entry_ && part.removed_) throw FormatError(part.name(), "was taken out of the package");
+  return part.entry_;
 }
 
 PartRef Package::draft(const std::string& name, const std::string& contentType) {
@@ -209,6 +252,11 @@ void Package::adopt(const PartRef& draft) {
   state_->contentTypes->set(draft->name(), draft->contentType());
   state_->parts.push_back(draft);
   state_->partsChanged = true;
+}
+
+void Package::retype(const PartRef& part, const std::string& contentType) {
+  part->contentType_ = contentType;
+  state_->contentTypes->set(part->name(), contentType);
 }
 
 PartRef Package::add(const std::string& name, const std::string& contentType) {
@@ -275,6 +323,7 @@ void Package::erase(const std::unordered_set<Part*>& parts) {
     if (!parts.contains(candidate.get())) return false;
     candidate->removed_ = true;
     state_->contentTypes->remove(candidate->name());
+    state_->contentTypes->remove(Relationships::partName(candidate->name()));
     state_->byName.erase(partKey(candidate->name()));
     return true;
   });
@@ -308,6 +357,19 @@ bool Package::changed() const {
   return std::ranges::any_of(state_->parts, [](const PartRef& part) {
     return part->changed_ || (part->relationships_ && part->relationships_->changed());
   });
+}
+
+/// Declares .rels parts that are new to the file. Some files name each by itself instead of by its extension.
+void Package::State::settleRelationshipTypes() {
+  for (const PartRef& part : parts) {
+    if (!part->relationships_ || !part->relationships_->changed()) continue;
+    const std::string name = Relationships::partName(part->name());
+    if (part->relationships_->all().empty()) {
+      contentTypes->remove(name);
+    } else {
+      contentTypes->set(name, Relationships::contentType);
+    }
+  }
 }
 
 /// Puts what the saved file is to hold into the order of the old one, with what is new behind it.
@@ -380,6 +442,7 @@ void Package::State::exchange(platform::AtomicFile& file, ZipArchive& saved, con
 
 void Package::save(const std::string& path, bool adopt) {
   State& state = *state_;
+  state.settleRelationshipTypes();
   ZipWriter writer;
   state.collect(writer);
   std::unique_ptr<ZipArchive> saved;

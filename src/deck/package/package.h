@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -15,16 +16,23 @@
 
 namespace vellumark::deck {
 
-/// What a package may at most cost. A file beyond a limit is refused with a FormatError that names it.
+/// What reading from a package may at most cost; what is only copied from file to file may be as large as it
+/// is. A file beyond a limit is refused with a FormatError that names it, where it is read.
 struct Limits {
   std::size_t parts = 65'536;
-  std::uint64_t partBytes = 512ull << 20;  ///< one part, inflated
+  std::uint64_t partBytes = 512ull << 20;  ///< one part that is read, inflated
   std::uint64_t xmlBytes = 128ull << 20;   ///< one XML part, inflated
-  std::uint64_t totalBytes = 4ull << 30;   ///< all parts, inflated
   std::uint64_t inflationRatio = 1'100;    ///< inflated to deflated, above 1 MiB; a blank bitmap has 1,030
   int xmlDepth = 256;                      ///< nesting of elements
-  std::size_t xmlItems = 16'000'000;       ///< elements and attributes of one part
   std::size_t relationships = 65'536;      ///< of one part
+  // All XML of the file that is parsed while it is open, inflated, and its elements, attributes and texts. A
+  // small file has less to ask for than a large one: each byte of a file allows for some more, up to the
+  // most.
+  struct InAll {
+    std::uint64_t base, perByte, most;
+  };
+  InAll allXmlBytes = {128ull << 20, 100, 1ull << 30};  ///< a byte of a usual file brings up to 7
+  InAll allXmlItems = {4'000'000, 4, 32'000'000};       ///< and up to 0.5
 };
 
 class Package {
@@ -38,8 +46,11 @@ class Package {
 
   /// The part of that name (without a leading slash, any case as OPC has it), or nothing.
   PartRef part(std::string_view name);
-  /// The part that the package's relationship of that type leads to ("officeDocument"); FormatError where it
-  /// is missing.
+  /// The part that the package's relationship of that type leads to ("thumbnail"), or nothing.
+  PartRef root(std::string_view type);
+  /// Takes that part and the relationship out, where they are there.
+  void removeRoot(std::string_view type);
+  /// The same as root(); FormatError where it is missing.
   PartRef requiredRoot(std::string_view type);
   std::vector<std::string> partNames() const;
 
@@ -51,6 +62,8 @@ class Package {
   /// its name, and relationships lead to it.
   PartRef draftXml(const std::string& name, const std::string& contentType, std::string_view xml);
   void adopt(const PartRef& draft);
+  /// Gives a part another content type.
+  void retype(const PartRef& part, const std::string& contentType);
   /// A name that is free: pattern "ppt/slides/slide%d.xml" gives "ppt/slides/slide7.xml".
   std::string freeName(const std::string& pattern) const;
   /// Takes a part with its relationships out of the package. Parts that only it related to, directly or not,
@@ -82,7 +95,8 @@ class Package {
   std::unique_ptr<Relationships> readRelationships(const std::string& source) const;
   std::unique_ptr<pugi::xml_document> parse(const Part& part) const;
   std::string readBytes(const Part& part) const;
-  std::string read(const Part& part, std::uint64_t limit) const;
+  /// A part's place in the file; nothing for one that was added. FormatError where the part was removed.
+  static std::optional<std::size_t> entryOf(const Part& part);
   /// A relationship's whole type: what is no URI is an Office type of the package's own family.
   std::string wholeType(std::string_view type) const;
   PartRef add(const std::string& name, const std::string& contentType);

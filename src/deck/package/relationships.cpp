@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view noRelationships =
     R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>)"
     R"(<Relationships xmlns="http://schemas.openxmlformats.org/package/2006/relationships"/>)";
-constexpr XmlLimits limits = {.depth = 8};
+constexpr int depth = 8;
 
 bool isRelationship(pugi::xml_node node) {
   const std::string_view name = node.name();
@@ -33,7 +33,7 @@ bool Relationship::is(std::string_view name) const {
 Relationships::Relationships(std::string source) : source_(std::move(source)) {}
 
 Relationships::Relationships(std::string source, std::string_view xml, std::size_t most)
-    : source_(std::move(source)), document_(parseXml(partName(source_), xml, limits)) {
+    : source_(std::move(source)), document_(parseXml(partName(source_), xml, depth)) {
   for (pugi::xml_node node : document_->document_element().children()) {
     if (!isRelationship(node)) continue;
     if (all_.size() == most) {

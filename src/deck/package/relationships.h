@@ -48,6 +48,7 @@ class Relationships {
   void addAs(const std::string& id, const std::string& type, const std::string& target, bool external);
   void remove(std::string_view id);
 
+  static constexpr const char* contentType = "application/vnd.openxmlformats-package.relationships+xml";
   /// "ppt/_rels/presentation.xml.rels" of "ppt/presentation.xml", "_rels/.rels" of the package ("").
   static std::string partName(std::string_view source);
   /// The way back, in the form of partKey(): the source whose relationships a part of that name holds;

@@ -51,13 +51,18 @@ struct Text : pugi::xml_writer {
 
 }  // namespace
 
-std::unique_ptr<pugi::xml_document> parseXml(const std::string& part, std::string_view bytes,
-                                             const XmlLimits& limits) {
-  // A tree takes far more memory than its text. Every element brings a "<", every attribute a "=".
-  const auto items = std::ranges::count_if(bytes, [](char c) { return c == '<' || c == '='; });
-  if (static_cast<std::size_t>(items) > limits.items) {
-    throw FormatError(part, "has more than " + std::to_string(limits.items) + " elements and attributes");
+std::size_t countXmlItems(std::string_view bytes) {
+  // Every element brings a "<", every attribute a "=", every text stands behind a ">".
+  std::size_t items = 0;
+  char before = '<';
+  for (const char c : bytes) {
+    items += c == '<' || c == '=' || (before == '>' && c != '<');
+    before = c;
   }
+  return items;
+}
+
+std::unique_ptr<pugi::xml_document> parseXml(const std::string& part, std::string_view bytes, int depth) {
   auto document = std::make_unique<pugi::xml_document>();
   constexpr unsigned flags = pugi::parse_full | pugi::parse_ws_pcdata;
   const pugi::xml_parse_result result = document->load_buffer(bytes.data(), bytes.size(), flags);
@@ -75,8 +80,8 @@ std::unique_ptr<pugi::xml_document> parseXml(const std::string& part, std::strin
   if (roots != 1) {
     throw FormatError(part, "is not well-formed XML: it has " + std::to_string(roots) + " root elements");
   }
-  if (deeperThan(document->document_element(), limits.depth)) {
-    throw FormatError(part, "is nested deeper than " + std::to_string(limits.depth) + " elements");
+  if (deeperThan(document->document_element(), depth)) {
+    throw FormatError(part, "is nested deeper than " + std::to_string(depth) + " elements");
   }
   if (pugi::xml_node declaration = document->first_child(); declaration.type() == pugi::node_declaration) {
     if (pugi::xml_attribute encoding = declaration.attribute("encoding")) encoding.set_value("UTF-8");

@@ -75,6 +75,9 @@ void ZipArchive::reopen(const std::string& path) {
 
 ZipArchive::ZipArchive(const std::string& path) : handle_(std::make_unique<Handle>()) {
   reopen(path);
+  std::error_code unknown;
+  const std::uintmax_t size = std::filesystem::file_size(platform::pathOf(path), unknown);
+  if (!unknown) fileBytes_ = size;
   zip_t* zip = handle_->zip.get();
   const zip_int64_t count = std::max<zip_int64_t>(zip_get_num_entries(zip, 0), 0);
   entries_.reserve(static_cast<std::size_t>(count));

@@ -27,6 +27,8 @@ class ZipArchive {
   ZipArchive& operator=(const ZipArchive&) = delete;
 
   const std::vector<ZipEntry>& entries() const { return entries_; }
+  /// The size of the file when it was opened.
+  std::uint64_t fileBytes() const { return fileBytes_; }
   /// The inflated bytes of an entry, its checksum verified; FormatError naming the entry where it is damaged,
   /// or longer than `limit` or than the directory declares.
   std::string read(std::size_t entry, std::uint64_t limit) const;
@@ -44,6 +46,7 @@ class ZipArchive {
   std::string path_;
   std::unique_ptr<Handle> handle_;
   std::vector<ZipEntry> entries_;
+  std::uint64_t fileBytes_ = 0;
 };
 
 /// Collects the entries of a new zip file in order and writes them in one go.

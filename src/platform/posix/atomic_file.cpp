@@ -1,14 +1,20 @@
 #include "platform/atomic_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <ctime>
 #include <filesystem>
+#include <optional>
+#include <string_view>
 #include <system_error>
 
 #include "base/error.h"
+#include "platform/posix/temporary_files.h"
 
 namespace vellumark::platform {
 namespace {
@@ -32,9 +38,11 @@ fs::path followLinks(fs::path path) {
   return path;
 }
 
-/// The mode of the file that is replaced, or the one that the user's mask gives a new file.
-mode_t modeFor(const fs::path& target) {
-  struct stat old;
+using Status = struct stat;
+
+/// What the system knows of the file that is replaced; nothing where there is none.
+std::optional<Status> replaced(const fs::path& target) {
+  Status old;
   if (::stat(target.c_str(), &old) == 0) {
     if (S_ISDIR(old.st_mode)) base::raise(base::errors::fileAccess, "can't be written: it is a folder");
     // Renaming onto a device or pipe would replace the thing itself.
@@ -42,16 +50,63 @@ mode_t modeFor(const fs::path& target) {
       base::raise(base::errors::fileAccess, "can't be written: it is no ordinary file");
     }
     if (::access(target.c_str(), W_OK) != 0) fail("is write-protected", errno);
-    return old.st_mode & 07777;
+    return old;
   }
   if (errno != ENOENT) fail("can't be written", errno);
+  return {};
+}
+
+mode_t modeOfNewFiles() {
   const mode_t mask = ::umask(0);
   ::umask(mask);
   return 0666 & ~mask;
 }
 
+/// Gives a file owner, group and rights of another one. Rights of a group that can't be given are not given
+/// to the user's own, beyond those that everybody has.
+void takeRights(int file, const fs::path& from, const Status& old) {
+  const bool owned = ::fchown(file, old.st_uid, old.st_gid) == 0;
+  const bool grouped = owned || ::fchown(file, static_cast<uid_t>(-1), old.st_gid) == 0;
+  mode_t mode = old.st_mode & (owned ? 07777 : 0777);
+  if (!grouped) mode &= ~070u | ((mode & 07) << 3);
+  ::fchmod(file, mode);
+  std::string names(static_cast<std::size_t>(std::max<ssize_t>(::listxattr(from.c_str(), nullptr, 0), 0)),
+                    '\0');
+  const ssize_t length = ::listxattr(from.c_str(), names.data(), names.size());
+  for (std::string_view rest(names.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+       !rest.empty();) {
+    const std::string name(rest.substr(0, rest.find('\0')));
+    rest.remove_prefix(std::min(name.size() + 1, rest.size()));
+    if (!name.starts_with("user.") && !(grouped && name == "system.posix_acl_access")) continue;
+    char value[64 * 1024];  // no system takes a longer one
+    const ssize_t size = ::getxattr(from.c_str(), name.c_str(), value, sizeof value);
+    if (size >= 0) ::fsetxattr(file, name.c_str(), value, static_cast<std::size_t>(size), 0);
+  }
+}
+
 fs::path folderOf(const fs::path& path) {
   return path.has_parent_path() ? path.parent_path() : fs::path(".");
+}
+
+constexpr std::string_view prefix = ".vellumark-", suffix = ".tmp";
+
+/// Removes temporary files of the user's that a program which was killed has left: nobody holds their lock.
+/// One that was just made may not have it yet.
+void removeLeft(const fs::path& folder) {
+  constexpr std::time_t justMade = 60;
+  std::error_code unreadable;
+  for (fs::directory_iterator entry(folder, unreadable), end; !unreadable && entry != end;
+       entry.increment(unreadable)) {
+    const std::string name = entry->path().filename().string();
+    if (!name.starts_with(prefix) || !name.ends_with(suffix)) continue;
+    const int file = ::open(entry->path().c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (file < 0) continue;
+    Status status;
+    const bool old = ::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid() &&
+                     status.st_mtime + justMade < std::time(nullptr);
+    if (old && ::flock(file, LOCK_EX | LOCK_NB) == 0) ::unlink(entry->path().c_str());
+    ::close(file);
+  }
 }
 
 }  // namespace
@@ -59,18 +114,25 @@ fs::path folderOf(const fs::path& path) {
 AtomicFile::AtomicFile(const std::string& target) {
   const fs::path resolved = followLinks(target);
   target_ = resolved.string();
-  const mode_t mode = modeFor(resolved);
+  const std::optional<Status> old = replaced(resolved);
+  removeLeft(folderOf(resolved));
   // A short name of its own: the target's may be as long as the file system allows.
-  temporary_ = (folderOf(resolved) / ".vellumark-XXXXXX.tmp").string();
-  constexpr int suffix = 4;
-  const int file = ::mkostemps(temporary_.data(), suffix, O_CLOEXEC);
-  if (file < 0) fail("can't be written: the folder takes no new file", errno);
-  ::fchmod(file, mode);
-  ::close(file);
+  temporary_ = (folderOf(resolved) / (std::string(prefix) + "XXXXXX" + std::string(suffix))).string();
+  lock_ = ::mkostemps(temporary_.data(), suffix.size(), O_CLOEXEC);
+  if (lock_ < 0) fail("can't be written: the folder takes no new file", errno);
+  ::flock(lock_, LOCK_EX | LOCK_NB);
+  posix::removeAtSignals(temporary_);
+  if (old) {
+    takeRights(lock_, resolved, *old);
+  } else {
+    ::fchmod(lock_, modeOfNewFiles());
+  }
 }
 
 AtomicFile::~AtomicFile() {
   if (!committed_) ::unlink(temporary_.c_str());
+  posix::keepAtSignals(temporary_);
+  ::close(lock_);
 }
 
 bool AtomicFile::replacesOpenFiles() { return true; }
@@ -86,6 +148,7 @@ void AtomicFile::commit(Flush flush) {
   }
   if (::rename(temporary_.c_str(), target_.c_str()) != 0) fail("can't be replaced", errno);
   committed_ = true;
+  posix::keepAtSignals(temporary_);
   if (flush == Flush::later) return;
   // The file is in place. Whether its name has reached the disk is the file system's affair from here on, and
   // some can't sync a folder at all.

@@ -1,5 +1,8 @@
 #include "platform/atomic_file.h"
 
+#include <cstdlib>
+#include <cstring>
+
 #include "base/error.h"
 #include "base/text.h"
 #include "platform/win32/wide.h"
@@ -31,6 +34,29 @@ void requireReplaceable(const std::string& target) {
   }
 }
 
+bool runs(DWORD process) {
+  const HANDLE handle = OpenProcess(SYNCHRONIZE, FALSE, process);
+  if (!handle) return GetLastError() != ERROR_INVALID_PARAMETER;
+  const bool ended = WaitForSingleObject(handle, 0) == WAIT_OBJECT_0;
+  CloseHandle(handle);
+  return !ended;
+}
+
+/// Removes temporary files that a program which was killed has left: their names hold the number of its
+/// process. A file of another machine's that is being written can't be deleted.
+void removeLeft(const std::string& folder) {
+  WIN32_FIND_DATAW found;
+  const HANDLE search = FindFirstFileW(widePath(folder + ".vellumark-*-*.tmp").c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return;
+  do {
+    const std::string name = fromWide(found.cFileName);
+    const auto process =
+        static_cast<DWORD>(std::strtoul(name.c_str() + std::strlen(".vellumark-"), nullptr, 10));
+    if (!runs(process)) DeleteFileW(widePath(folder + name).c_str());
+  } while (FindNextFileW(search, &found));
+  FindClose(search);
+}
+
 /// An empty file of a name that nobody has.
 std::string makeTemporary(const std::string& folder) {
   for (DWORD attempt = GetTickCount();; ++attempt) {
@@ -51,6 +77,7 @@ std::string makeTemporary(const std::string& folder) {
 
 AtomicFile::AtomicFile(const std::string& target) : target_(base::replaceAll(target, "/", "\\")) {
   requireReplaceable(target_);
+  removeLeft(folderOf(target_));
   temporary_ = makeTemporary(folderOf(target_));
 }
 

@@ -67,12 +67,14 @@ TEST_F(Windows, TheFourKindsOfSelection) {
 
   host.selectSlides(std::array{2, 1});
   EXPECT_EQ(selection().Type(), host::ppSelectionSlides);
+  EXPECT_EQ(host.application().ActiveWindow().ActivePane().ViewType(), host::ppViewThumbnails);
   EXPECT_EQ(selection().SlideRange().Count(), 2);
   EXPECT_EQ(selection().SlideRange().Item(1).SlideIndex(), 2);
   EXPECT_EQ(errorNumber([&] { selection().ShapeRange(); }), base::errors::invalidRequest);
 
   host.application().ActiveWindow().View().GotoSlide(1);
   host.selectShapes(std::array{shapes.Item("C"), shapes.Item("A")});
+  EXPECT_EQ(host.application().ActiveWindow().ActivePane().ViewType(), host::ppViewSlide);
   EXPECT_EQ(selection().Type(), host::ppSelectionShapes);
   EXPECT_EQ(selection().ShapeRange().Count(), 2);
   EXPECT_EQ(selection().ShapeRange().Item(1).Name(), "C") << "the order of selecting";

@@ -96,11 +96,12 @@ TEST_F(PackageTest, LimitsHold) {
     const char* says;
   } cases[] = {
       {{.parts = 10}, "more than 10 parts"},
-      {{.partBytes = 1000}, "out of all proportion"},
+      {{.partBytes = 10}, "larger than 10 bytes"},
       {{.xmlBytes = 1000}, "larger than 1000 bytes"},
-      {{.totalBytes = 10'000}, "unpacks to more than 10000 bytes"},
+      {{.allXmlBytes = {10'000, 0, 1 << 30}}, "more than 10000 bytes"},
+      {{.allXmlBytes = {100'000, 1, 20'000}}, "more than 20000 bytes"},
       {{.xmlDepth = 3}, "nested deeper than 3"},
-      {{.xmlItems = 30}, "more than 30 elements"},
+      {{.allXmlItems = {300, 0, 1 << 30}}, "more than 300 elements"},
       {{.relationships = 2}, "more than 2 relationships"},
   };
   for (const auto& [limits, says] : cases) {
@@ -110,6 +111,32 @@ TEST_F(PackageTest, LimitsHold) {
   ZipEntries made = entries(smallDeck());
   made["ppt/media/blank.bmp"].bytes = std::string(8 << 20, '\xFF');
   EXPECT_EQ(faultOf(zip(made)), "") << "a blank picture is no bomb";
+}
+
+// Each part by itself is small, and most of what it holds is blank text.
+TEST_F(PackageTest, ManyPartsCostNoMoreThanOne) {
+  ZipEntries made = entries(smallDeck());
+  std::string blanks = "<x>";
+  for (int i = 0; i < 300'000; ++i) blanks += "<a/> ";
+  blanks += "</x>";
+  for (int part = 0; part < 10; ++part) made["ppt/blank" + std::to_string(part) + ".xml"].bytes = blanks;
+  const std::string fault = faultOf(zip(made));
+  EXPECT_NE(fault.find(".xml: is too much: the XML of the file has more than 4"), std::string::npos) << fault;
+  for (int part = 6; part < 10; ++part) made.erase("ppt/blank" + std::to_string(part) + ".xml");
+  EXPECT_EQ(faultOf(zip(made)), "");
+}
+
+TEST_F(PackageTest, WhatIsOnlyCopiedMayBeAsLargeAsItIs) {
+  ZipEntries made = entries(smallDeck());
+  made["ppt/media/film.png"].bytes = std::string(8 << 20, ' ');
+  const std::string path = zip(made);
+  const auto package = Package::open(path, {.partBytes = 1 << 20, .inflationRatio = 100});
+  package->part("ppt/slides/slide1.xml")->root();
+  package->part("ppt/slides/slide1.xml")->touch();
+  package->save(folder.path("out.pptx"));
+  EXPECT_EQ(test::changedEntries(test::readZipFile(path), test::readZipFile(folder.path("out.pptx"))),
+            std::vector<std::string>{"ppt/slides/slide1.xml"});
+  EXPECT_THROW(package->part("ppt/media/film.png")->bytes(), FormatError);
 }
 
 // Truncated and bit-flipped files, and sound zip files of damaged parts, end in a FormatError or go through;

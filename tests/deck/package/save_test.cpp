@@ -122,6 +122,38 @@ TEST_F(PackageTest, ASaveKeepsModeAndLinks) {
   EXPECT_TRUE(fs::exists(folder.path(longName)));
 }
 
+// Some programs name each .rels part in the content types and leave their extension out.
+TEST_F(PackageTest, RelationshipsHaveATypeWithoutOneOfTheirExtension) {
+  ZipEntries made = entries(smallDeck());
+  std::string& types = made["[Content_Types].xml"].bytes;
+  const std::size_t rule = types.find("<Default Extension=\"rels\"");
+  ASSERT_NE(rule, std::string::npos);
+  types.erase(rule, types.find("/>", rule) + 2 - rule);
+  for (const auto& [name, entry] : made) {
+    if (!name.ends_with(".rels")) continue;
+    types.insert(types.find("</Types>"),
+                 "<Override PartName=\"/" + name + "\" ContentType=\"" + Relationships::contentType + "\"/>");
+  }
+  const std::string path = zip(made);
+  ASSERT_EQ(test::packageFaults(test::readZipFile(path)), std::vector<std::string>());
+  const auto package = Package::open(path);
+  const PartRef presentation = package->requiredRoot("officeDocument");
+  const PartRef slide = package->part("ppt/slides/slide1.xml");
+  for (const Relationship& relationship : presentation->relationships()) {
+    if (presentation->target(relationship) != slide) continue;
+    pugi::xml_node entry =
+        presentation->root().child("p:sldIdLst").find_child_by_attribute("r:id", relationship.id.c_str());
+    presentation->bury(entry);
+    presentation->unrelate(std::string(relationship.id));
+    break;
+  }
+  package->remove(slide);
+  const PartRef theme = package->part("ppt/theme/theme1.xml");
+  theme->relate(*package->addBytes("ppt/media/new.png", "image/png", "pixels"), "image");
+  package->save(folder.path("out.pptx"));
+  EXPECT_EQ(test::packageFaults(test::readZipFile(folder.path("out.pptx"))), std::vector<std::string>());
+}
+
 TEST_F(PackageTest, ASaveThatFailsLosesNothing) {
   const std::string path = saved(smallDeck());
   const auto package = Package::open(path);
