@@ -56,7 +56,6 @@ pickColor::pickColor() : Form("pickColor", "Pick color from screen") {
   topMost(true);
   drawLogo(zorpLogo.canvas());
   drawHatch(hatchBMP.canvas());
-  hint.wrapAt(30);
   Timer1.enabled(true);
   btnAdd.isDefault(true);
   layout(

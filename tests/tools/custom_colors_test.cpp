@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/registry.h"
 #include "tools/stage.h"
 
@@ -48,7 +50,10 @@ TEST_F(CustomColors, AResetPushesAllOldOnesOutAndPutsTheConfiguredOnesLast) {
       {{1, 2, 3, 4, 5, 6, 7, 8}, "x00ff00", {green}},
       // What was there already counts as old, too, and what fills the list must not be what is wanted.
       {{green, 2, 3, red}, "#FF0000,#00FF00", {red, green}},
-      {{white, white - 1}, "#FEFFFF,#FFFFFF,\xE2\x82\xACFFFEFF", {0xFFFFFE, white, 0xFFFEFF}},
+      {{white, white - 1},
+       "#FEFFFF,#FFFFFF,\xE2\x82\xAC"
+       "FFFEFF",
+       {0xFFFFFE, white, 0xFFFEFF}},
       {{1, 2},
        " 000001, 000002, 000003, 000004, 000005, 000006, 000007, 000008, 000009",
        {0x020000, 0x030000, 0x040000, 0x050000, 0x060000, 0x070000, 0x080000, 0x090000}},

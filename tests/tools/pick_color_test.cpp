@@ -220,7 +220,7 @@ TEST_F(PickColor, NoHookIsLeftHoweverTheDialogEnds) {
       dialog.load();
       EXPECT_TRUE(screen.hooked()) << name;
       leave(dialog);
-      if (name != std::string("death")) EXPECT_FALSE(screen.hooked()) << name;
+      EXPECT_EQ(screen.hooked(), name == std::string("death")) << name;
     }
     EXPECT_FALSE(screen.hooked()) << name;
   }

@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "base/error.h"
 #include "ui/form.h"
 #include "ui/qt/qt_toolkit.h"
 #include "ui/qt/x11_screen.h"
