@@ -132,8 +132,9 @@ TEST_F(MyElements, TheDialogRefusesAndCancels) {
 
 TEST_F(MyElements, AMissingDocumentIsTold) {
   writeStore({"x"});
+  writeIndex("<group name='G'/>");
   open();
-  writeIndex("<group name='G'/>");  // after the start, so that it was not loaded
+  globals().myElementsDoc.reset();  // the file is as it was when it was read
   EXPECT_EQ(add("btnAddGroup; btnCancel", {"OK", "G"}).back(), critical(corrupted));
   add("btnCancel");
   library::myElementsAdd dialog;
@@ -154,6 +155,14 @@ TEST_F(MyElements, AMissingDocumentIsTold) {
   EXPECT_EQ(stored(), "256: x; 257: A, B; ") << "the slide stays without an entry";
   EXPECT_EQ(savedIndex(), "G:; ");
   EXPECT_EQ(invalidated, "zp_1027 ");
+}
+
+TEST_F(MyElements, WhatAnotherProgramAddedStays) {
+  open();
+  add("elemName=Mine; btnAddElement");
+  folder.write("user/myelements/myelements.xml", "<Vellumark><group name='Theirs'/></Vellumark>");
+  EXPECT_EQ(add("elemName=Second; btnAddElement"), Texts{});
+  EXPECT_EQ(savedIndex(), "Theirs: Second=257; ");
 }
 
 /// A paste that the host refuses as it refuses placeholders.
