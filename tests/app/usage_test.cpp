@@ -19,9 +19,11 @@ class Usage : public testing::Test {
     slide.shape("rect", 100, 100, 50, 50).named("B");
     slide.shape("rect", 200, 100, 50, 50).named("B");
     builder.save(deck_);
+    builder.save(withMacros_);
   }
   TempFolder folder_;
   std::string deck_ = folder_.path("deck.pptx");
+  std::string withMacros_ = folder_.path("deck.pptm");
 };
 
 TEST_F(Usage, MistakesAreToldInOneLine) {
@@ -49,6 +51,7 @@ TEST_F(Usage, MistakesAreToldInOneLine) {
       {{"run", "alignLeft", deck_}, "alignLeft: there is no such command"},
       {{"run", "zp_9999", deck_}, "zp_9999: there is no such command"},
       {{"run", "alignLefts", deck_, "-o", "x.pptx", "--in-place"}, "excludes"},
+      {{"run", "alignLefts", withMacros_, "-o", "x.ppsx"}, "macros behind; give a name that ends in .ppsm"},
       {{"run", "alignLefts", deck_, "--root", folder_.path("nowhere")}, "there is no such folder"},
       {{"demo", deck_}, "-o is required"},
   };
