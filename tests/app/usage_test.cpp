@@ -21,9 +21,11 @@ class Usage : public testing::Test {
     const auto group = slide.group(300, 100, 50, 50).named("G");
     group.children().shape("rect", 300, 100, 50, 50).named("Inner").withId(77);
     builder.save(deck_);
+    builder.save(withMacros_);
   }
   TempFolder folder_;
   std::string deck_ = folder_.path("deck.pptx");
+  std::string withMacros_ = folder_.path("deck.pptm");
 };
 
 TEST_F(Usage, MistakesAreToldInOneLine) {
@@ -51,6 +53,7 @@ TEST_F(Usage, MistakesAreToldInOneLine) {
       {{"run", "alignLeft", deck_}, "alignLeft: there is no such command"},
       {{"run", "zp_9999", deck_}, "zp_9999: there is no such command"},
       {{"run", "alignLefts", deck_, "-o", "x.pptx", "--in-place"}, "excludes"},
+      {{"run", "alignLefts", withMacros_, "-o", "x.ppsx"}, "macros behind; give a name that ends in .ppsm"},
       {{"run", "alignLefts", deck_, "--root", folder_.path("nowhere")}, "there is no such folder"},
       {{"demo", deck_}, "-o is required"},
       {{"run", "alignLefts", deck_, "-o", ""}, "-o: names no file"},

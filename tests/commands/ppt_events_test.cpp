@@ -193,11 +193,9 @@ TEST_F(Events, EntriesFollowTheShapes) {
 TEST_F(Events, EntriesFollowTheView) {
   open("10.0");
   const std::pair<int, const char*> views[] = {
-      {host::ppViewSlideSorter, "slides "},
-      {host::ppViewThumbnails, "slides "},
-      {host::ppViewOutline, "slides "},
-      {host::ppViewNotesPage, ""},
-      {host::ppViewSlide, ""},
+      {host::ppViewSlideSorter, "slides "}, {host::ppViewThumbnails, "slides "},
+      {host::ppViewOutline, "slides "},     {host::ppViewNotesPage, ""},
+      {host::ppViewSlide, "slides "},  // selecting them makes the thumbnails' pane the active one
   };
   for (const auto& [view, expected] : views) {
     host->showView(view);
