@@ -232,7 +232,7 @@ void addToolbars(CLI::App& program, ToolbarsOptions& options) {
   CLI::App& toolbars =
       *program.add_subcommand("toolbars", "Show the add-in's toolbars on a host before the ribbon");
   toolbars.add_option("DECK", options.deck, "The presentation, a .pptx file")->option_text(" ");
-  addSituation(toolbars, options);
+  addSituation(toolbars, options, chosenStyle);
   toolbars.add_option("--root", options.root, "The installation (default: the program's own)")
       ->option_text("DIR");
   toolbars.add_flag("--json", options.json, "As JSON");

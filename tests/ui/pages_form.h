@@ -13,7 +13,7 @@ class PagesForm : public Form {
  public:
   PagesForm() : Form("PagesForm", "Pages") {
     second.backColor(rgb(224, 224, 224));
-    second.hand(true);
+    second.handCursor(true);
     second.onClick = [this] { page[1].toFront(); };
     answer.addItem("Yes");
     answer.droppedWidth(333);

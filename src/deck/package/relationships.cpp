@@ -85,7 +85,7 @@ std::string Relationships::add(const std::string& type, const std::string& targe
 
 void Relationships::addAs(const std::string& id, const std::string& type, const std::string& target,
                           bool external) {
-  if (!document_) document_ = parseXml(partName(source_), noRelationships, limits);
+  if (!document_) document_ = parseXml(partName(source_), noRelationships, depth);
   pugi::xml_node root = document_->document_element();
   const std::string name = root.name();
   pugi::xml_node node = root.append_child((name.substr(0, name.rfind(':') + 1) + "Relationship").c_str());
