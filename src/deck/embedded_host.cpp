@@ -2,6 +2,7 @@
 
 #include "deck/model/application.h"
 #include "deck/model/member_table.h"
+#include "deck/model/table.h"
 #include "deck/model/windows.h"
 
 namespace vellumark::deck {
@@ -38,6 +39,12 @@ void EmbeddedHost::selectShapes(std::span<const host::Shape> shapes) {
   for (const host::Shape& shape : shapes) {
     shape.Select(replace);
     replace = false;
+  }
+}
+
+void EmbeddedHost::selectCells(std::span<const host::Cell> cells) {
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    i == 0 ? cells[i].Select() : addToSelection(state_, cells[i]);
   }
 }
 
