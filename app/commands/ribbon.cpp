@@ -23,7 +23,7 @@ using Json = nlohmann::ordered_json;
 /// A control of the definition as the host shows it. The callbacks that it names are asked.
 class Control {
  public:
-  Control(AddIn& addIn, pugi::xml_node node) : addIn_(addIn), node_(node) {
+  Control(Session& session, pugi::xml_node node) : session_(session), node_(node) {
     label_ = node.attribute("getLabel") ? ask("getLabel").toString() : node.attribute("label").value();
     visible_ = !node.attribute("getVisible") || ask("getVisible").toBool();
     enabled_ = !node.attribute("getEnabled") || ask("getEnabled").toBool();
@@ -76,25 +76,20 @@ class Control {
   }
 
  private:
-  host::Value ask(const char* callback) const {
-    return addIn_.callBack(node_.attribute(callback).value(), object());
-  }
-  host::IRibbonControl object() const {
-    return host::IRibbonControl(
-        std::make_shared<RibbonControl>(node_.attribute("id").value(), node_.attribute("tag").value()));
+  host::Value ask(const char* callback, std::optional<int> index = {}) const {
+    const auto control =
+        std::make_shared<RibbonControl>(node_.attribute("id").value(), node_.attribute("tag").value());
+    return session_.shown(node_.attribute(callback).value(), control, index);
   }
   void readItems() {
     const int count = ask("getItemCount").toInt();
     for (int i = 0; i < count; ++i) {
-      items_.push_back(addIn_
-                           .callBack(node_.attribute("getItemLabel").value(),
-                                     {host::Value(object().object()), host::Value(i)})
-                           .toString());
+      items_.push_back(ask("getItemLabel", i).toString());
     }
     if (node_.attribute("getSelectedItemIndex")) selected_ = ask("getSelectedItemIndex").toInt();
   }
 
-  AddIn& addIn_;
+  Session& session_;
   pugi::xml_node node_;
   std::string label_;
   bool visible_ = true;
@@ -105,21 +100,21 @@ class Control {
 };
 
 /// The children of a control in the definition; those of a dynamic menu come from the add-in.
-std::vector<pugi::xml_node> children(AddIn& addIn, pugi::xml_node node, pugi::xml_document& content) {
+std::vector<pugi::xml_node> children(Session& session, pugi::xml_node node, pugi::xml_document& content) {
   pugi::xml_node holder = node;
   if (const pugi::xml_attribute callback = node.attribute("getContent")) {
-    const host::IRibbonControl control(std::make_shared<RibbonControl>(node.attribute("id").value()));
+    const auto control = std::make_shared<RibbonControl>(node.attribute("id").value());
     // The menu of a callback that fails is empty, as the host shows it.
     base::resumeNext(
-        [&] { content.load_string(addIn.callBack(callback.value(), control).toString().c_str()); });
+        [&] { content.load_string(session.shown(callback.value(), control).toString().c_str()); });
     holder = content.document_element();
   }
   const auto nodes = holder.children();
   return {nodes.begin(), nodes.end()};
 }
 
-std::string tree(AddIn& addIn, pugi::xml_node node, int depth) {
-  const Control control(addIn, node);
+std::string tree(Session& session, pugi::xml_node node, int depth) {
+  const Control control(session, node);
   std::string text;
   // Of a split button only the main part has a line; the rest of the menu stands under it.
   const bool split = std::string_view(node.name()) == "splitButton";
@@ -130,20 +125,28 @@ std::string tree(AddIn& addIn, pugi::xml_node node, int depth) {
   }
   pugi::xml_document content;
   int inner = depth;
-  for (const pugi::xml_node child : children(addIn, node, content)) {
-    text += tree(addIn, child, inner);
+  for (const pugi::xml_node child : children(session, node, content)) {
+    text += tree(session, child, inner);
     if (split) inner = depth + 1;
   }
   return text;
 }
 
-Json treeJson(AddIn& addIn, pugi::xml_node node) {
-  Json json = Control(addIn, node).json();
+Json treeJson(Session& session, pugi::xml_node node) {
+  Json json = Control(session, node).json();
   pugi::xml_document content;
-  for (const pugi::xml_node child : children(addIn, node, content)) {
-    json["children"].push_back(treeJson(addIn, child));
+  for (const pugi::xml_node child : children(session, node, content)) {
+    json["children"].push_back(treeJson(session, child));
   }
   return json;
+}
+
+/// The host asks for all that is in view once the tab is. Menus wait until somebody opens them.
+void comeIntoView(Session& session, pugi::xml_node node) {
+  const Control asked(session, node);
+  const std::string_view kind = node.name();
+  if (kind == "menu" || kind == "gallery" || kind == "dynamicMenu") return;
+  for (const pugi::xml_node child : node.children()) comeIntoView(session, child);
 }
 
 }  // namespace
@@ -157,7 +160,6 @@ Exit ribbon(const RibbonOptions& options, const Surroundings& surroundings) {
     throw Failure(Exit::usage,
                   "--host " + options.host + ": such a host has toolbars and no ribbon; take 12.0 or later");
   }
-  if (!options.deck.empty()) arrange(session, options);
   pugi::xml_document definition;
   const std::string text = session.addIn().customUi();
   if (!definition.load_string(text.c_str())) {
@@ -165,12 +167,14 @@ Exit ribbon(const RibbonOptions& options, const Surroundings& surroundings) {
                   "the definition of the ribbon (program/ui/zorpUI.xml) is not XML; install it anew");
   }
   const pugi::xml_node tab = definition.select_node("//tab").node();
+  comeIntoView(session, tab);
+  if (!options.deck.empty()) arrange(session, options);
   if (options.json) {
-    print(jsonText(treeJson(session.addIn(), tab)));
+    print(jsonText(treeJson(session, tab)));
   } else {
     std::string lines =
         std::string(tab.attribute("label").value()) + " (" + tab.attribute("keytip").value() + ")\n";
-    print(lines + tree(session.addIn(), tab, 1));
+    print(lines + tree(session, tab, 1));
   }
   return Exit::done;
 }
