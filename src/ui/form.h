@@ -22,6 +22,8 @@ class FormView {
   virtual void focusChanged(Control* control) = 0;
   /// The form is to be shown or no longer shown.
   virtual void visibilityChanged(bool visible) = 0;
+  /// Shows at once what has changed, without anything else happening meanwhile.
+  virtual void repaint() {}
 };
 
 class Form {
@@ -46,6 +48,10 @@ class Form {
   /// Shows the form and goes on.
   void showModeless();
   bool visible() const { return visible_; }
+  /// Shows at once what has changed: for a form that tells of work that goes on.
+  void repaint() {
+    if (view_) view_->repaint();
+  }
   void hide();
   /// Asks onQueryUnload and closes the form, unless that cancels. Closing twice does nothing.
   void unload();

@@ -24,8 +24,6 @@ class Toolkit {
   virtual void showModeless(Form& form) = 0;
   /// Lets the timers of a form that is loaded and never shown tick until it is unloaded.
   virtual void runHidden(Form& form) = 0;
-  /// Lets pending events happen, so that a form that works shows its progress.
-  virtual void processEvents() = 0;
 };
 
 /// The toolkit in use; base::Error 91 where there is none.

@@ -59,7 +59,6 @@ class HeadlessToolkit : public Toolkit {
   void showModeless(Form& form) override;
   /// Time stands still without a screen.
   void runHidden(Form&) override {}
-  void processEvents() override {}
 
  private:
   std::optional<std::string> nextAnswer();

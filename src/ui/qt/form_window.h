@@ -42,6 +42,7 @@ class FormWindow : public QDialog, private FormView, private PeerWindow {
   void captionChanged() override;
   void focusChanged(Control* control) override;
   void visibilityChanged(bool visible) override;
+  void repaint() override;
 
   QWidget& widget() override { return *this; }
   bool live() const override { return live_; }

@@ -172,10 +172,4 @@ void QtToolkit::showModeless(Form& form) { addModeless(form).runModeless(); }
 
 void QtToolkit::runHidden(Form& form) { addModeless(form).runHidden(); }
 
-void QtToolkit::processEvents() {
-  useApplication();
-  QApplication::processEvents();
-  loops_.rethrow();
-}
-
 }  // namespace vellumark::ui

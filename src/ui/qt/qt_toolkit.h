@@ -32,7 +32,6 @@ class QtToolkit : public Toolkit {
   void showModal(Form& form) override;
   void showModeless(Form& form) override;
   void runHidden(Form& form) override;
-  void processEvents() override;
 
  private:
   int ask(QDialog& dialog);

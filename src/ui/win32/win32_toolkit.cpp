@@ -106,6 +106,4 @@ void Win32Toolkit::showModeless(Form& form) { addModeless(form).runModeless(forg
 
 void Win32Toolkit::runHidden(Form& form) { addModeless(form).runHidden(forget()); }
 
-void Win32Toolkit::processEvents() { loops_.dispatchPending(); }
-
 }  // namespace vellumark::ui::win32

@@ -29,7 +29,6 @@ class Win32Toolkit : public Toolkit {
   void showModal(Form& form) override;
   void showModeless(Form& form) override;
   void runHidden(Form& form) override;
-  void processEvents() override;
 
  private:
   FormWindow& addModeless(Form& form);
