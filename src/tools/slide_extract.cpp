@@ -5,6 +5,7 @@
 
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/web_address.h"
 #include "core/failure.h"
 #include "core/globals.h"
 #include "core/helpers.h"
@@ -25,6 +26,15 @@ constexpr const char* extractsSetting = "slideExtracts";
 std::string timeStamp() {
   const double now = platform::now();
   return base::replaceAll(base::isoDate(now), "-", "") + base::replaceAll(base::isoTime(now), ":", "");
+}
+
+/// Only the host itself writes into the cloud.
+void uploadExtract(const host::Application& application, const std::string& extract,
+                   const std::string& address) {
+  bool& noWarning = core::globals().applicationEvents->noTempFolderWarning;
+  noWarning = true;
+  application.Presentations().Open(extract, false, false, true).SaveAs(address);
+  noWarning = false;
 }
 
 }  // namespace
@@ -71,6 +81,8 @@ void TrimlineTools::saveSelectedSlides() {
     const std::string extract = extractSelectedSlides();
     const host::FileDialog dialog = application.FileDialog(host::msoFileDialogSaveAs);
     std::string folder = application.ActivePresentation().Path();
+    // The host's own choice is better than an address that no file dialog can begin at.
+    if (base::isWebAddress(folder)) folder.clear();
     if (!folder.empty()) folder += "\\";
     dialog.InitialFileName(folder);
     dialog.FilterIndex(2);
@@ -78,6 +90,7 @@ void TrimlineTools::saveSelectedSlides() {
     dialog.Title("Save selected slides as new presentation");
     if (dialog.Show() == host::msoFalse) return;
     const std::string chosen = dialog.SelectedItems().Item(1);
+    if (base::isWebAddress(chosen)) return uploadExtract(application, extract, chosen);
     platform::copyFile(extract, chosen);
     application.Presentations().Open(chosen, false, false, true);
   });
