@@ -57,7 +57,7 @@ class Win32Test : public ::testing::Test {
     host_ = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 60, 700, 560,
                             nullptr, nullptr, nullptr, nullptr);
     SetActiveWindow(host_);
-    toolkit_.processEvents();
+    pump();
   }
   ~Win32Test() override {
     setToolkit(before_);
@@ -113,7 +113,13 @@ class Win32Test : public ::testing::Test {
     PostMessageW(of(control), WM_LBUTTONUP, 0, MAKELPARAM(x, y));
     pump();
   }
-  void pump() { toolkit_.processEvents(); }
+  static void pump() {
+    MSG message = {};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+  }
   void wait(const std::function<bool()>& done) {
     for (int i = 0; i < 200 && !done(); ++i) {
       Sleep(5);
@@ -538,6 +544,59 @@ TEST_F(Win32Test, FormsWithoutWaitingLiveOnTheHostsLoop) {
   click(closes.btnOK);
   EXPECT_FALSE(closes.visible());
   EXPECT_TRUE(formWindows().empty());
+}
+
+TEST_F(Win32Test, ARepaintShowsTheFormAndLetsNothingElseHappen) {
+  Everything form;
+  form.showModeless();
+  window_ = formWindows().front();
+  pump();
+  PostMessageW(host_, WM_CLOSE, 0, 0);
+  form.paragraph.caption("Processing item 2 of 12");
+  EXPECT_TRUE(GetUpdateRect(of(form.paragraph), nullptr, FALSE)) << "it waits to be painted";
+  form.repaint();
+  EXPECT_FALSE(GetUpdateRect(of(form.paragraph), nullptr, FALSE));
+  MSG message = {};
+  EXPECT_TRUE(PeekMessageW(&message, host_, WM_CLOSE, WM_CLOSE, PM_REMOVE)) << "it waits on";
+  form.hide();
+  pump();
+}
+
+/// What a window gets that comes to a screen of twice the resolution.
+TEST_F(Win32Test, AnotherResolutionMakesTheFormLarger) {
+  Everything form;
+  show(form, [&] {
+    const auto fontHeight = [&] {
+      LOGFONTW font = {};
+      GetObjectW(reinterpret_cast<HFONT>(send(form.paragraph, WM_GETFONT)), sizeof font, &font);
+      return font.lfHeight;
+    };
+    const auto size = [&] {
+      RECT area = {};
+      GetClientRect(window_, &area);
+      return std::pair(area.right, area.bottom);
+    };
+    const auto tell = [&](int dpi) {
+      RECT proposed = {10, 20, 700, 500};
+      SendMessageW(window_, 0x02E0, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&proposed));
+    };
+    const HDC screen = GetDC(nullptr);
+    const int own = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    const LONG height = fontHeight();
+    const auto [width, depth] = size();
+    tell(2 * own);
+    EXPECT_EQ(fontHeight(), 2 * height);
+    EXPECT_NEAR(static_cast<double>(size().first) / width, 2, 0.3);
+    EXPECT_NEAR(static_cast<double>(size().second) / depth, 2, 0.3);
+    RECT place = {};
+    GetWindowRect(window_, &place);
+    EXPECT_EQ(place.left, 10);
+    EXPECT_EQ(place.top, 20);
+    tell(own);
+    EXPECT_EQ(fontHeight(), height);
+    EXPECT_EQ(size(), std::pair(width, depth)) << "and back";
+  });
 }
 
 TEST_F(Win32Test, MessageBoxes) {
