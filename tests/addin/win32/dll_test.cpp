@@ -195,7 +195,7 @@ TEST_F(Dll, ADisconnectionUnderAnOpenDialogWaitsForIt) {
   struct Case {
     const char* what;
     const wchar_t* window;
-    std::vector<std::string> dialogs;
+    std::vector<std::string> dialogs, answers;
     std::function<void(deck::EmbeddedHost&, HostedAddIn&)> call;
   };
   const auto press = [](const char* id) {
@@ -206,8 +206,8 @@ TEST_F(Dll, ADisconnectionUnderAnOpenDialogWaitsForIt) {
     };
   };
   const Case cases[] = {
-      {"a form", L"VellumarkForm", {"SwitchObjectsInput: obAnchor(0)=1; btnOK"}, press("zp_1082")},
-      {"a box of an event", L"#32770", {}, [&](deck::EmbeddedHost& host, HostedAddIn&) {
+      {"a form", L"VellumarkForm", {"SwitchObjectsInput: obAnchor(0)=1; btnOK"}, {}, press("zp_1082")},
+      {"a box of an event", L"#32770", {}, {"OK", "No"}, [&](deck::EmbeddedHost& host, HostedAddIn&) {
          const host::Presentation presentation = host.application().ActivePresentation();
          presentation.Tags().Add("zorp_slideOrder", "999;");
          presentation.SaveAs(folder_.path("saved.pptx"));
@@ -215,8 +215,6 @@ TEST_F(Dll, ADisconnectionUnderAnOpenDialogWaitsForIt) {
   for (const Case& c : cases) {
     SCOPED_TRACE(c.what);
     questions_.reset();
-    questions_ = app::windowQuestions(c.dialogs, {});
-    questions_->begin();
     LoadedDll dll;
     const auto host = Dll::host(deck_);
     auto addIn = std::make_unique<HostedAddIn>(dll);
@@ -227,6 +225,8 @@ TEST_F(Dll, ADisconnectionUnderAnOpenDialogWaitsForIt) {
       left = addIn->disconnect();
       canUnload = dll.canUnload();
     });
+    questions_ = app::windowQuestions(c.dialogs, c.answers);  // whose turn comes after
+    questions_->begin();
     c.call(*host, *addIn);
     EXPECT_TRUE(meanwhile.done());
     EXPECT_EQ(left, S_OK);
