@@ -8,8 +8,11 @@
 #include <regex>
 
 #include "app/program.h"
+#include "base/error.h"
+#include "deck/embedded_host.h"
 #include "decks/deck_builder.h"
 #include "support/saved_decks.h"
+#include "support/strict_host.h"
 
 namespace vellumark::test {
 
@@ -66,20 +69,66 @@ class StrictHost : public testing::Test {
   const std::string deck_ = folder_.path("deck.pptx");
 };
 
+TEST_F(StrictHost, OnlyWhatIsDocumentedIsTaken) {
+  deck::EmbeddedHost host;
+  const host::Presentation plain = host.open(deck_);
+  const host::ObjectRef application = strict(host.application().object());
+  const host::ObjectRef slides = strict(plain.Slides().object());
+  const host::ObjectRef shape = strict(plain.Slides().Item(1).Shapes().Item("Rounded").object());
+  const host::ObjectRef cell =
+      strict(plain.Slides().Item(1).Shapes().Item("Table").Table().Cell(1, 1).object());
+  struct Case {
+    host::ObjectRef object;
+    const char* member;
+    host::Invoke kind;
+    std::vector<host::Value> arguments;
+    int error;
+  };
+  using host::Invoke;
+  const Case cases[] = {
+      {application, "Version", Invoke::get, {}, 0},
+      {application, "VersionName", Invoke::get, {}, base::errors::noSuchMember},
+      {application, "Version", Invoke::put, {"15.0"}, base::errors::noSuchMember},
+      {slides, "Count", Invoke::get, {}, 0},
+      {slides, "Item", Invoke::get, {1}, 0},
+      {slides, "FindBySlideID", Invoke::call, {"256"}, 0},
+      {slides, "Item", Invoke::get, {}, base::errors::wrongArgumentCount},
+      {slides, "Item", Invoke::put, {1, 2}, base::errors::noSuchMember},
+      {slides, "Add", Invoke::call, {1, 11, 2}, base::errors::wrongArgumentCount},
+      {slides, "Add", Invoke::call, {1, "title"}, base::errors::typeMismatch},
+      {cell, "Select", Invoke::call, {host::msoFalse}, base::errors::wrongArgumentCount},
+      {shape, "Left", Invoke::put, {"12.5"}, 0},
+      {shape, "Left", Invoke::put, {"wide"}, base::errors::typeMismatch},
+      {shape, "Name", Invoke::put, {7}, 0},
+      {shape, "Fill", Invoke::put, {7}, base::errors::noSuchMember},
+  };
+  for (const Case& c : cases) {
+    int error = 0;
+    try {
+      c.object->invoke(host::Member(c.member), c.kind, c.arguments);
+    } catch (const base::Error& failure) {
+      error = failure.number();
+    }
+    EXPECT_EQ(error, c.error) << c.object->typeName() << "." << c.member;
+  }
+  EXPECT_EQ(host::getByName(shape, "Left"), host::Value(12.5F));
+  EXPECT_EQ(host::getByName(shape, "Name"), host::Value("7"));
+}
+
 TEST_F(StrictHost, EveryCommand) {
   const auto commands = nlohmann::json::parse(runProgram({"commands", "--json"}).out);
   int done = 0;
   for (const auto& command : commands) {
     if (!command["inThisBuild"] || command["numbers"].empty() || command["numbers"][0] < 1032) continue;
     if (command["name"] == "openContainingFolder") continue;
-    for (const char* selection : {"Turned,Back,Master", "Back,Master", "Group", "Table"}) {
-      for (const char* host : {"14.0", "11.0"}) {
-        done += same({"run", command["name"], deck_, "--select", selection, "--host", host}) == 0 ? 1 : 0;
-      }
+    const std::pair<const char*, const char*> situations[] = {
+        {"Turned,Back,Master", "14.0"}, {"Back,Master", "11.0"}, {"Group", "14.0"}, {"Table", "14.0"}};
+    for (const auto& [selection, host] : situations) {
+      done += same({"run", command["name"], deck_, "--select", selection, "--host", host}) == 0 ? 1 : 0;
     }
     done += same({"run", command["name"], deck_, "--slides", "1-2"}) == 0 ? 1 : 0;
   }
-  EXPECT_GE(done, 100);
+  EXPECT_GE(done, 80) << "most commands take one of them";
 }
 
 TEST_F(StrictHost, DialogsEventsElementsAndAgendas) {
