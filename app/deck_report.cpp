@@ -116,7 +116,7 @@ std::string typeName(int type) {
       return "text box";
     case host::msoTable:
       return "table";
-    case host::msoDiagram:
+    case host::msoIgxGraphic:
       return "diagram";
     default:
       return "type " + std::to_string(type);

@@ -1,9 +1,13 @@
 #pragma once
 // The ribbon's side of the seam: what a ribbon host hands to the add-in.
 
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 
+#include "add_in.h"
 #include "host/ribbon.h"
 
 namespace vellumark::app {
@@ -12,6 +16,7 @@ namespace vellumark::app {
 class RibbonControl : public host::Object {
  public:
   explicit RibbonControl(std::string id, std::string tag = {}) : id_(std::move(id)), tag_(std::move(tag)) {}
+  const std::string& id() const { return id_; }
   std::string typeName() const override { return "IRibbonControl"; }
   host::Value invoke(host::Member member, host::Invoke kind, std::span<const host::Value> arguments) override;
 
@@ -23,15 +28,21 @@ class RibbonControl : public host::Object {
 /// The control "zp_<number>".
 host::IRibbonControl ribbonControl(int number);
 
-/// The ribbon itself. It shows nothing and so has nothing to ask anew; it counts how often it was told to.
+/// The ribbon itself. What the add-in has answered it keeps, until the add-in tells it to ask anew: for all
+/// controls or for one.
 class Ribbon : public host::Object {
  public:
   std::string typeName() const override { return "IRibbonUI"; }
   host::Value invoke(host::Member member, host::Invoke kind, std::span<const host::Value> arguments) override;
-  int invalidations() const { return invalidations_; }
+
+  /// What is shown of a control: the answer of a callback, about one item of the control where it has an
+  /// index.
+  host::Value shown(AddIn& addIn, const std::string& callback, const std::shared_ptr<RibbonControl>& control,
+                    std::optional<int> index);
 
  private:
-  int invalidations_ = 0;
+  using Question = std::pair<std::string, std::optional<int>>;
+  std::map<std::string, std::map<Question, host::Value>> answers_;  ///< by the control's id
 };
 
 }  // namespace vellumark::app

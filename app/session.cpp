@@ -155,7 +155,7 @@ void Session::selectCells(const std::string& spots) {
     throw Failure(Exit::usage, "--cells: \"" + cells.table + "\" is no table; take a shape that is one");
   }
   const host::Table table = shape.Table();
-  bool replace = true;
+  std::vector<host::Cell> chosen;
   for (const auto& [row, column] : cells.cells) {
     if (row > table.Rows().Count() || column > table.Columns().Count()) {
       throw Failure(Exit::usage, "--cells: the table has no cell " + std::to_string(row) + "," +
@@ -163,9 +163,9 @@ void Session::selectCells(const std::string& spots) {
                                      std::to_string(table.Rows().Count()) + " rows and " +
                                      std::to_string(table.Columns().Count()) + " columns");
     }
-    table.Cell(row, column).Select(replace);
-    replace = false;
+    chosen.push_back(table.Cell(row, column));
   }
+  host_.selectCells(chosen);
 }
 
 void Session::watchChanges() {

@@ -28,6 +28,11 @@ class Session {
   AddIn& addIn() { return *addIn_; }
   /// Hosts from 12.0 have a ribbon, those before it command bars.
   bool hasRibbon() const { return ribbon_ != nullptr; }
+  /// What the ribbon shows of a control; the same until the add-in invalidates it.
+  host::Value shown(const std::string& callback, const std::shared_ptr<RibbonControl>& control,
+                    std::optional<int> index = {}) {
+    return ribbon_->shown(*addIn_, callback, control, index);
+  }
 
   /// Opens a deck in a window. A Failure where it can't be read.
   host::Presentation open(const std::string& path);

@@ -23,15 +23,15 @@ using Json = nlohmann::ordered_json;
 
 /// Where a ribbon comes from, and what is wrong with it.
 struct Source {
-  AddIn& addIn;
-  std::vector<std::string> faults;
+  Session& session;
+  std::vector<std::string> faults = {};
   std::string notes = {};
 };
 
 /// A control of the definition as the host shows it. The callbacks that it names are asked.
 class Control {
  public:
-  Control(Source& source, pugi::xml_node node) : addIn_(source.addIn), node_(node) {
+  Control(Source& source, pugi::xml_node node) : session_(source.session), node_(node) {
     label_ = node.attribute("label").value();
     answer(source, "getLabel", [&](const host::Value& value) { label_ = value.toString(); });
     answer(source, "getVisible", [&](const host::Value& value) { visible_ = value.toBool(); });
@@ -98,25 +98,20 @@ class Control {
     }
   }
 
-  host::Value ask(const char* callback) const {
-    return addIn_.callBack(node_.attribute(callback).value(), object());
-  }
-  host::IRibbonControl object() const {
-    return host::IRibbonControl(
-        std::make_shared<RibbonControl>(node_.attribute("id").value(), node_.attribute("tag").value()));
+  host::Value ask(const char* callback, std::optional<int> index = {}) const {
+    const auto control =
+        std::make_shared<RibbonControl>(node_.attribute("id").value(), node_.attribute("tag").value());
+    return session_.shown(node_.attribute(callback).value(), control, index);
   }
   void readItems() {
     const int count = ask("getItemCount").toInt();
     for (int i = 0; i < count; ++i) {
-      items_.push_back(addIn_
-                           .callBack(node_.attribute("getItemLabel").value(),
-                                     {host::Value(object().object()), host::Value(i)})
-                           .toString());
+      items_.push_back(ask("getItemLabel", i).toString());
     }
     if (node_.attribute("getSelectedItemIndex")) selected_ = ask("getSelectedItemIndex").toInt();
   }
 
-  AddIn& addIn_;
+  Session& session_;
   pugi::xml_node node_;
   std::string label_;
   bool visible_ = true;
@@ -129,9 +124,9 @@ class Control {
 /// Fills in a dynamic menu. It stays empty where its callback fails or gives no menu, as the host shows it.
 void loadMenu(Source& source, pugi::xml_node node, pugi::xml_document& content) {
   const std::string id = node.attribute("id").value();
-  const host::IRibbonControl control(std::make_shared<RibbonControl>(id));
+  const auto control = std::make_shared<RibbonControl>(id);
   try {
-    const std::string text = source.addIn.callBack(node.attribute("getContent").value(), control).toString();
+    const std::string text = source.session.shown(node.attribute("getContent").value(), control).toString();
     if (text.empty()) return;
     const pugi::xml_parse_result result = content.load_string(text.c_str());
     if (result) return;
@@ -185,6 +180,14 @@ Json treeJson(Source& source, pugi::xml_node node) {
   return json;
 }
 
+/// The host asks for all that is in view once the tab is. Menus wait until somebody opens them.
+void comeIntoView(Source& source, pugi::xml_node node) {
+  const Control asked(source, node);
+  const std::string_view kind = node.name();
+  if (kind == "menu" || kind == "gallery" || kind == "dynamicMenu") return;
+  for (const pugi::xml_node child : node.children()) comeIntoView(source, child);
+}
+
 }  // namespace
 
 Exit ribbon(const RibbonOptions& options, const Surroundings& surroundings) {
@@ -196,7 +199,6 @@ Exit ribbon(const RibbonOptions& options, const Surroundings& surroundings) {
     throw Failure(Exit::usage,
                   "--host " + options.host + ": such a host has toolbars and no ribbon; take 12.0 or later");
   }
-  if (!options.deck.empty()) arrange(session, options);
   pugi::xml_document definition;
   const std::string text = session.addIn().customUi();
   if (!definition.load_string(text.c_str())) {
@@ -204,7 +206,10 @@ Exit ribbon(const RibbonOptions& options, const Surroundings& surroundings) {
                   "the definition of the ribbon (program/ui/zorpUI.xml) is not XML; install it anew");
   }
   const pugi::xml_node tab = definition.select_node("//tab").node();
-  Source source{session.addIn(), {}};
+  Source unheard{session};
+  comeIntoView(unheard, tab);
+  if (!options.deck.empty()) arrange(session, options);
+  Source source{session};
   if (options.json) {
     print(jsonText(treeJson(source, tab)));
   } else {

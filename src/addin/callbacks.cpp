@@ -4,6 +4,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "host/running_call.h"
 
 namespace vellumark::addin {
 namespace {
@@ -94,6 +95,7 @@ const Callback* findCallback(std::string_view name) {
 }
 
 host::Value callBack(const Callback& callback, Connect& connect, std::span<const host::Value> arguments) {
+  const host::RunningCall call;
   if (arguments.size() != callback.arguments) base::raise(base::errors::wrongArgumentCount);
   return callback.call(connect, arguments);
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "addin/known_host.h"
 #include "agenda/agenda_commands.h"
 #include "base/conversions.h"
 #include "base/text.h"
@@ -13,6 +14,7 @@
 #include "core/globals.h"
 #include "core/registry.h"
 #include "core/slide_extracts.h"
+#include "host/running_call.h"
 #include "library/configuration.h"
 #include "platform/ansi.h"
 #include "platform/instance_mutex.h"
@@ -35,12 +37,14 @@ Connect::Connect(std::string addInFolder) : addInFolder_(std::move(addInFolder))
 }
 
 Connect::~Connect() {
-  if (connected_) base::resumeNext([&] { IDTExtensibility2_OnDisconnection({}, {}); });
+  if (filled_) base::resumeNext([&] { disconnect(); });
 }
 
 void Connect::IDTExtensibility2_OnConnection(const host::Application& application, std::int32_t,
                                              const host::COMAddIn& addInInst, std::span<const host::Value>) {
-  connected_ = true;
+  const host::RunningCall call;
+  filled_ = true;
+  if (std::exchange(leaving_, false)) return;  // all is still there
   trap("Connect, IDTExtensibility2_OnConnection", [&] {
     globals().hostMutex = std::make_unique<platform::InstanceMutex>(core::productTitle);
     if (application.isApplication()) start(application, addInInst);
@@ -56,15 +60,16 @@ void Connect::start(const host::Application& application, const host::COMAddIn& 
   g.copyrightNotices.clear();
   setFolders();
   g.powerPointApp = application;
-  g.hostVersion = application.Version();
+  g.powerPointApp = knownHost(application);
+  g.hostVersion = g.powerPointApp.Version();
 
   applicationEvents_ = std::make_unique<commands::pptEvents>();
   g.applicationEvents = applicationEvents_.get();
-  applicationEvents_->PowerPointApp(application);
+  applicationEvents_->PowerPointApp(g.powerPointApp);
   if (core::isHostVersion(host::toolbarHosts)) {
     toolbarControls_ = std::make_unique<commands::pptControls>();
     g.toolbarControls = toolbarControls_.get();
-    toolbarControls_->PowerPointApp(application);
+    toolbarControls_->PowerPointApp(g.powerPointApp);
   }
   tools_ = std::make_unique<tools::TrimlineTools>();
   g.tools = tools_.get();
@@ -97,8 +102,18 @@ void Connect::setFolders() {
   g.uiFolder = g.programFolder + "ui\\";
 }
 
+/// A dialog lets the host disconnect under a command that runs: it keeps what it stands on until it has
+/// returned.
 void Connect::IDTExtensibility2_OnDisconnection(std::int32_t, std::span<const host::Value>) {
-  connected_ = false;
+  leaving_ = true;
+  host::whenNoCallRuns([self = std::weak_ptr(self_)] {
+    const auto connect = self.lock();
+    if (connect && connect->leaving_) connect->disconnect();
+  });
+}
+
+void Connect::disconnect() {
+  filled_ = leaving_ = false;
   trap("Connect, IDTExtensibility2_OnDisconnection", [&] {
     if (globals().powerPointApp) release();
     // What else the connection filled goes with it; the mark for other programs goes last.

@@ -30,7 +30,7 @@ class Connect {
  public:
   /// `addInFolder` is the folder of the add-in's own file, in the logic's form ("C:\Vellumark\addin").
   explicit Connect(std::string addInFolder);
-  /// Disconnects, if the host didn't.
+  /// Disconnects, if the host didn't. None of its calls may still run.
   ~Connect();
   Connect(const Connect&) = delete;
   Connect& operator=(const Connect&) = delete;
@@ -40,6 +40,7 @@ class Connect {
   /// Starts the add-in; an application other than PowerPoint is left alone.
   void IDTExtensibility2_OnConnection(const host::Application& application, std::int32_t connectMode,
                                       const host::COMAddIn& addInInst, std::span<const host::Value> custom);
+  /// Releases everything, when the calls of the host that run have returned.
   void IDTExtensibility2_OnDisconnection(std::int32_t removeMode, std::span<const host::Value> custom);
   void IDTExtensibility2_OnAddInsUpdate(std::span<const host::Value> custom);
   void IDTExtensibility2_OnStartupComplete(std::span<const host::Value> custom);
@@ -84,11 +85,14 @@ class Connect {
  private:
   void setFolders();
   void start(const host::Application& application, const host::COMAddIn& addInInst);
+  void disconnect();
   void release();
   void killSlideExtracts();
 
   std::string addInFolder_;
-  bool connected_ = false;  ///< since the last connection no disconnection came
+  bool filled_ = false;   ///< from the connection on, until everything is released
+  bool leaving_ = false;  ///< the host has disconnected while one of its calls runs
+  std::shared_ptr<Connect> self_{this, [](Connect*) {}};  ///< tells what waits whether this one still lives
   std::unique_ptr<commands::pptEvents> applicationEvents_;
   std::unique_ptr<commands::pptControls> toolbarControls_;  ///< only on hosts before the ribbon
   std::unique_ptr<tools::TrimlineTools> tools_;

@@ -162,7 +162,7 @@ void AgendaWizard::btnOK_Click() {
         status_->say("Calculating metrics...");
         calculateMetrics();
         status_->progress.range(1, visibleItemCount + 3);
-        status_->refresh();
+        status_->repaint();
         createAgendaSlides();
         status_->progress.value(status_->progress.max());
         status_->say("Saving agenda...");

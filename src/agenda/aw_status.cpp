@@ -1,7 +1,5 @@
 #include "agenda/aw_status.h"
 
-#include "ui/toolkit.h"
-
 namespace vellumark::agenda {
 
 awStatus::awStatus() : Form("awStatus", "Status") {
@@ -11,14 +9,12 @@ awStatus::awStatus() : Form("awStatus", "Status") {
 
 void awStatus::say(const std::string& text) {
   lStatus.caption(text);
-  refresh();
+  repaint();
 }
 
 void awStatus::advance() {
   progress.value(progress.value() + 1);
-  refresh();
+  repaint();
 }
-
-void awStatus::refresh() { ui::toolkit().processEvents(); }
 
 }  // namespace vellumark::agenda

@@ -15,7 +15,6 @@ class awStatus : public ui::Form {
   void say(const std::string& text);
   /// One step further, shown at once.
   void advance();
-  void refresh();
 
   ui::Label lWait{*this, "lWait",
                   "Please wait a few moments, your agenda slides are being generated / updated..."};

@@ -1,6 +1,8 @@
 #include "commands/ppt_events.h"
 
 #include <initializer_list>
+#include <string_view>
+#include <utility>
 
 #include "base/conversions.h"
 #include "commands/tools_bar.h"
@@ -17,7 +19,14 @@ using host::Selection;
 using host::Shape;
 using host::ShapeRange;
 
+/// The windows of the host are on their way to another state, and there is no selection to speak of.
 bool isTransition(const base::Error& error) { return error.number() == base::errors::unspecific; }
+
+/// A trap that takes such a state for an ordinary one.
+template <typename Body>
+void trapInTransition(std::string_view location, Body&& body) {
+  trap(location, std::forward<Body>(body), isTransition);
+}
 
 /// Whether the rotation, rounded to a whole number with halves to even, is a multiple of 90.
 bool isRightAngled(const Shape& shape) {
@@ -76,7 +85,7 @@ void pptEvents::raised(host::Member event, std::span<host::Value> arguments) {
 }
 
 void pptEvents::checkSelection() {
-  trap("pptEvents, checkSelection", [&] {
+  trapInTransition("pptEvents, checkSelection", [&] {
     flags_ = {};
     const host::Application& application = core::globals().powerPointApp;
     if (application.Windows().Count() == 0) return;

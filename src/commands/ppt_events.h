@@ -2,10 +2,14 @@
 // The sink of the host's events: keeps the enabled state of every command in step with the selection, and
 // watches over presentations and slide shows.
 
+#include <functional>
+#include <map>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "core/globals.h"
+#include "ui/message_box.h"
 
 namespace vellumark::commands {
 
@@ -62,9 +66,20 @@ class pptEvents : public core::ApplicationEvents {
  private:
   void raised(host::Member event, std::span<host::Value> arguments);
   void evaluateForToolbars(host::Selection& selection);
-  void warnOfTemporaryFolder(const host::Presentation& presentation) const;
+  /// What a save may ask.
+  enum class Question { temporaryFolder, pageNumbers, hiddenShapes };
+  /// Asks. Where the host saves by itself, again and again, the answer stands for its later saves until
+  /// `subject`, which the question is about, is another.
+  ui::Answer askAtSave(const host::Presentation& presentation, Question question, const std::string& subject,
+                       const std::function<ui::Answer()>& ask);
+  void warnOfTemporaryFolder(const host::Presentation& presentation);
 
   core::SelectionFlags flags_;
+  struct Asked {
+    std::string subject;
+    ui::Answer answer;
+  };
+  std::map<std::pair<std::string, Question>, Asked> asked_;  ///< by FullName, of presentations that are open
   std::string lastSavedName_;  ///< so that the warning about temporary folders comes once for each name
   host::Subscription subscription_;
 };

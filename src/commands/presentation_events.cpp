@@ -45,18 +45,21 @@ SlideSurvey survey(const host::Presentation& presentation) {
   return found;
 }
 
-bool isYes(const std::string& question) {
-  return core::message(question, ui::Icon::question, ui::Buttons::yesNo) == ui::Answer::yes;
+ui::Answer askYesNo(const std::string& question) {
+  return core::message(question, ui::Icon::question, ui::Buttons::yesNo);
 }
 
-/// Whether the page numbers on agenda slides are stale and the user wants new ones. Presentations whose
-/// agenda shows none have no such tag.
-bool wantsPageNumbers(const host::Presentation& presentation, const std::string& order) {
+/// Whether the page numbers on agenda slides are stale. Presentations whose agenda shows none have no such
+/// tag.
+bool numbersAreStale(const host::Presentation& presentation, const std::string& order) {
   const std::string known = presentation.Tags().Item(agenda::tags::slideOrder);
-  return !known.empty() && known != order &&
-         isYes(
-             "The page numbers on your agenda slides need to be updated."
-             "Would you like to update the page numbers now?");
+  return !known.empty() && known != order;
+}
+
+ui::Answer askForPageNumbers() {
+  return askYesNo(
+      "The page numbers on your agenda slides need to be updated."
+      "Would you like to update the page numbers now?");
 }
 
 /// The agenda goes with its last slide.
@@ -65,13 +68,12 @@ void dropLostAgenda(const host::Presentation& presentation, int agendaSlides) {
   if (agendaSlides == 0 && !tags.Item(agenda::tags::document).empty()) tags.Delete(agenda::tags::document);
 }
 
-bool wantsHiddenShapesSaved(std::string slides) {
-  if (slides.empty()) return true;
+ui::Answer askForHiddenShapes(std::string slides) {
   slides.resize(slides.size() - 2);
-  return isYes("There are hidden shapes on slides " + slides +
-               ".\r\nPlease ensure the hidden shapes do not contain any confidential information before "
-               "sharing the presentation.\r\n" +
-               hiddenShapesQuestion);
+  return askYesNo("There are hidden shapes on slides " + slides +
+                  ".\r\nPlease ensure the hidden shapes do not contain any confidential information before "
+                  "sharing the presentation.\r\n" +
+                  hiddenShapesQuestion);
 }
 
 void rememberStyle(const host::Presentation& presentation) {
@@ -94,15 +96,34 @@ void pptEvents::pptApp_PresentationOpen(const host::Presentation&) {
   });
 }
 
-void pptEvents::pptApp_PresentationClose(const host::Presentation&) {
+void pptEvents::pptApp_PresentationClose(const host::Presentation& presentation) {
   trap("pptEvents, pptApp_PresentationClose", [&] {
-    if (openPresentations() != 1) return;
-    toggleOff();
-    togglePresentation(false);
+    if (openPresentations() == 1) {
+      toggleOff();
+      togglePresentation(false);
+    }
+    if (asked_.empty()) return;
+    std::erase_if(asked_,
+                  [name = presentation.FullName()](const auto& asked) { return asked.first.first == name; });
   });
 }
 
-void pptEvents::warnOfTemporaryFolder(const host::Presentation& presentation) const {
+ui::Answer pptEvents::askAtSave(const host::Presentation& presentation, Question question,
+                                const std::string& subject, const std::function<ui::Answer()>& ask) {
+  bool savesByItself = false;
+  // Only hosts that can do it have the member.
+  core::resumeNext([&] { savesByItself = host::getByName(presentation.object(), "AutoSaveOn").toBool(); });
+  if (!savesByItself) return ask();
+  const std::pair key(presentation.FullName(), question);
+  if (const auto known = asked_.find(key); known != asked_.end() && known->second.subject == subject) {
+    return known->second.answer;
+  }
+  const ui::Answer answer = ask();
+  asked_[key] = {subject, answer};
+  return answer;
+}
+
+void pptEvents::warnOfTemporaryFolder(const host::Presentation& presentation) {
   const std::string cachePath = core::getInternetCachePath(), tmpPath = core::getTmpPath();
   const std::string name = presentation.FullName();
   const std::string path = platform::fromSystem(name);
@@ -111,7 +132,8 @@ void pptEvents::warnOfTemporaryFolder(const host::Presentation& presentation) co
       name == lastSavedName_) {
     return;
   }
-  core::message(temporaryFolderWarning, ui::Icon::exclamation);
+  askAtSave(presentation, Question::temporaryFolder, name,
+            [] { return core::message(temporaryFolderWarning, ui::Icon::exclamation); });
 }
 
 void pptEvents::pptApp_PresentationBeforeSave(const host::Presentation& presentation, bool& cancel) {
@@ -119,8 +141,16 @@ void pptEvents::pptApp_PresentationBeforeSave(const host::Presentation& presenta
     warnOfTemporaryFolder(presentation);
     const SlideSurvey found = survey(presentation);
     dropLostAgenda(presentation, found.agendaSlides);
-    if (wantsPageNumbers(presentation, found.order)) globals().tools->agendaUpdatePagenumbers();
-    if (!wantsHiddenShapesSaved(found.withHiddenShapes)) cancel = true;
+    if (numbersAreStale(presentation, found.order) &&
+        askAtSave(presentation, Question::pageNumbers, found.order, askForPageNumbers) == ui::Answer::yes) {
+      globals().tools->agendaUpdatePagenumbers();
+    }
+    const auto askForHidden = [&] { return askForHiddenShapes(found.withHiddenShapes); };
+    if (!found.withHiddenShapes.empty() &&
+        askAtSave(presentation, Question::hiddenShapes, found.withHiddenShapes, askForHidden) !=
+            ui::Answer::yes) {
+      cancel = true;
+    }
     if (cancel) return;
     rememberStyle(presentation);
     lastSavedName_ = presentation.FullName();
@@ -129,7 +159,9 @@ void pptEvents::pptApp_PresentationBeforeSave(const host::Presentation& presenta
 
 void pptEvents::pptApp_PresentationPrint(const host::Presentation& presentation) {
   trap("pptEvents, pptApp_PresentationPrint", [&] {
-    if (wantsPageNumbers(presentation, survey(presentation).order)) agenda::updateAgendaSlides();
+    if (numbersAreStale(presentation, survey(presentation).order) && askForPageNumbers() == ui::Answer::yes) {
+      agenda::updateAgendaSlides();
+    }
   });
 }
 

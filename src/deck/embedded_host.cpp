@@ -3,6 +3,7 @@
 #include "deck/model/application.h"
 #include "deck/model/member_table.h"
 #include "deck/model/objects.h"
+#include "deck/model/table.h"
 #include "deck/model/windows.h"
 
 namespace vellumark::deck {
@@ -43,6 +44,12 @@ void EmbeddedHost::selectShapes(std::span<const host::Shape> shapes) {
     keys.push_back(*key);
   }
   makeShapeRange(state_, std::move(keys))->invoke(host::member::Select, host::Invoke::call, {});
+}
+
+void EmbeddedHost::selectCells(std::span<const host::Cell> cells) {
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    i == 0 ? cells[i].Select() : addToSelection(state_, cells[i]);
+  }
 }
 
 void EmbeddedHost::selectSlides(std::span<const std::int32_t> positions) {

@@ -35,6 +35,8 @@ class EmbeddedHost {
   void showView(std::int32_t type);
   /// Selects shapes of the slide in view in that order, all at once; nothing for an empty list.
   void selectShapes(std::span<const host::Shape> shapes);
+  /// Selects cells of one table.
+  void selectCells(std::span<const host::Cell> cells);
   /// Selects slides by position from 1.
   void selectSlides(std::span<const std::int32_t> positions);
 

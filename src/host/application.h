@@ -39,7 +39,7 @@ class Application : public Handle {
   DocumentWindow ActiveWindow() const { return get<DocumentWindow>(member::ActiveWindow); }
   /// Raises where no presentation has a window.
   Presentation ActivePresentation() const { return get<Presentation>(member::ActivePresentation); }
-  /// Hosts up to 11.0; later ones answer 438.
+  /// On hosts with a ribbon the bars of add-ins land on a tab of theirs.
   host::CommandBars CommandBars() const { return get<host::CommandBars>(member::CommandBars); }
   /// The host's own dialog for opening or saving a file; not shown yet.
   host::FileDialog FileDialog(MsoFileDialogType type) const {

@@ -29,7 +29,7 @@ enum MsoShapeType : std::int32_t {
   msoMedia = 16,
   msoTextBox = 17,
   msoTable = 19,
-  msoDiagram = 24
+  msoIgxGraphic = 24
 };
 
 enum MsoAutoShapeType : std::int32_t {
@@ -94,7 +94,7 @@ enum MsoFileDialogType : std::int32_t { msoFileDialogOpen = 1, msoFileDialogSave
 enum PpSaveAsFileType : std::int32_t { ppSaveAsDefault = 11 };
 enum PpColorSchemeIndex : std::int32_t { ppBackground = 1, ppAccent3 = 8 };
 enum MsoAnimType : std::int32_t { msoAnimTypeMotion = 1 };
-enum MsoAnimEffect : std::int32_t { msoAnimEffectPathRight = 120 };
+enum MsoAnimEffect : std::int32_t { msoAnimEffectPathLeft = 120 };
 enum MsoAnimTriggerType : std::int32_t { msoAnimTriggerOnPageClick = 1 };
 enum MsoVerticalAnchor : std::int32_t { msoAnchorTop = 1, msoAnchorMiddle = 3, msoAnchorBottom = 4 };
 enum MsoControlType : std::int32_t {

@@ -1,6 +1,7 @@
 #include "host/object.h"
 
 #include "base/error.h"
+#include "host/running_call.h"
 
 namespace vellumark::host {
 namespace {
@@ -13,7 +14,10 @@ Object& existing(const ObjectRef& object) {
 Subscription subscribe(const ObjectRef& source, EventHandler handler) {
   auto* events = dynamic_cast<EventSource*>(&existing(source));
   if (!events) base::raise(base::errors::noSuchMember);
-  return events->subscribe(std::move(handler));
+  return events->subscribe([handler = std::move(handler)](Member event, std::span<Value> arguments) {
+    const RunningCall call;
+    handler(event, arguments);
+  });
 }
 
 Value getByName(const ObjectRef& object, std::string_view name, std::span<const Value> arguments) {

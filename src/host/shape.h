@@ -154,8 +154,8 @@ class Cell : public Handle {
   host::Shape Shape() const { return get<host::Shape>(member::Shape); }
   /// Whether the user selected it.
   bool Selected() const { return get<bool>(member::Selected); }
-  /// Makes the cell the selection, or adds it to the selected cells of its table.
-  void Select(bool replace = true) const { call(member::Select, triState(replace)); }
+  /// Makes the cell the selection.
+  void Select() const { call(member::Select); }
 };
 
 class TableLines : public Handle {

@@ -122,7 +122,7 @@ void showSplash() {
   startSplash() = std::make_unique<Splash>();
   startSplash()->bare(true);
   startSplash()->showModeless();
-  startSplash()->refresh();
+  startSplash()->repaint();
 }
 
 void unloadSplash() {

@@ -2,6 +2,7 @@
 
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/web_address.h"
 #include "core/failure.h"
 #include "core/globals.h"
 #include "core/helpers.h"
@@ -19,8 +20,10 @@ using core::trap;
 
 /// The name of a presentation's file without folder and extension.
 std::string baseName(const host::Presentation& presentation) {
-  const std::string name = platform::fromSystem(presentation.FullName());
-  const std::size_t begin = name.rfind('\\') + 1;  // npos + 1 is 0
+  const std::string full = presentation.FullName();
+  const bool web = base::isWebAddress(full);
+  const std::string name = web ? base::percentDecoded(full) : platform::fromSystem(full);
+  const std::size_t begin = name.rfind(web ? '/' : '\\') + 1;  // npos + 1 is 0
   const std::size_t dot = name.rfind('.');
   return name.substr(begin, dot == std::string::npos || dot < begin ? dot : dot - begin);
 }

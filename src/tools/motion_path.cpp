@@ -40,8 +40,7 @@ void TrimlineTools::createMotionPath() {
 
     const host::Sequence sequence = window.Selection().SlideRange().Item(1).TimeLine().MainSequence();
     const host::AnimationBehaviors behaviors =
-        sequence.AddEffect(from, host::msoAnimEffectPathRight, 0, host::msoAnimTriggerOnPageClick)
-            .Behaviors();
+        sequence.AddEffect(from, host::msoAnimEffectPathLeft, 0, host::msoAnimTriggerOnPageClick).Behaviors();
     const host::AnimationBehavior path = behaviors.Add(host::msoAnimTypeMotion);
     path.MotionEffect().Path("M 0 0 L " + dx + " " + dy);
     path.Timing().SmoothStart(true);

@@ -5,6 +5,7 @@
 
 #include "base/conversions.h"
 #include "base/text.h"
+#include "base/web_address.h"
 #include "core/failure.h"
 #include "core/globals.h"
 #include "core/helpers.h"
@@ -36,6 +37,15 @@ bool isOpen(const std::string& path) {
     if (!presentation.Path().empty() && platform::isSameFile(path, presentation.FullName())) return true;
   }
   return false;
+}
+
+/// Only the host itself writes into the cloud.
+void uploadExtract(const host::Application& application, const std::string& extract,
+                   const std::string& address) {
+  bool& noWarning = core::globals().applicationEvents->noTempFolderWarning;
+  noWarning = true;
+  application.Presentations().Open(extract, false, false, true).SaveAs(address);
+  noWarning = false;
 }
 
 }  // namespace
@@ -94,6 +104,8 @@ void TrimlineTools::saveSelectedSlides() {
     if (extract.empty()) return;  // that was reported
     const host::FileDialog dialog = application.FileDialog(host::msoFileDialogSaveAs);
     std::string folder = application.ActivePresentation().Path();
+    // The host's own choice is better than an address that no file dialog can begin at.
+    if (base::isWebAddress(folder)) folder.clear();
     if (!folder.empty()) folder += "\\";
     dialog.InitialFileName(folder);
     dialog.FilterIndex(2);
@@ -101,6 +113,7 @@ void TrimlineTools::saveSelectedSlides() {
     dialog.Title("Save selected slides as new presentation");
     if (dialog.Show() == host::msoFalse) return;
     const std::string chosen = dialog.SelectedItems().Item(1);
+    if (base::isWebAddress(chosen)) return uploadExtract(application, extract, chosen);
     if (isOpen(chosen)) {
       core::message("The selected slides can't be saved as '" + chosen +
                         "', because that presentation is open.\r\nPlease choose another file.",

@@ -59,10 +59,6 @@ void Form::showModeless() {
 
 void Form::hide() { setVisible(false); }
 
-void Form::refresh() {
-  if (view_) view_->repaint();
-}
-
 void Form::unload() {
   if (!loaded_ || unloading_) return;
   unloading_ = true;

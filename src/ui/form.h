@@ -22,7 +22,7 @@ class FormView {
   virtual void focusChanged(Control* control) = 0;
   /// The form is to be shown or no longer shown.
   virtual void visibilityChanged(bool visible) = 0;
-  /// Paints what isn't painted yet.
+  /// Shows at once what has changed, without anything else happening meanwhile.
   virtual void repaint() = 0;
   /// Does what the form does by itself, as in a tick; its failure goes to whoever waits for the form.
   virtual void perform(const std::function<void()>& act) = 0;
@@ -58,9 +58,11 @@ class Form {
   /// Shows the form and goes on.
   void showModeless();
   bool visible() const { return visible_; }
+  /// Shows at once what has changed: for a form that tells of work that goes on.
+  void repaint() {
+    if (view_) view_->repaint();
+  }
   void hide();
-  /// Brings the screen up to date at once, and lets nothing else happen meanwhile.
-  void refresh();
   /// Asks onQueryUnload and closes the form, unless that cancels. Closing twice does nothing.
   void unload();
 

@@ -36,8 +36,6 @@ class Toolkit {
   /// Asks the desktop for a colour of the screen, for where wholeScreen() is none, and waits. `goesOn` is
   /// called again and again meanwhile; false gives up.
   virtual DesktopColor askDesktopColor(const std::function<bool()>& goesOn) = 0;
-  /// Lets pending events happen, so that a form that works shows its progress.
-  virtual void processEvents() = 0;
 };
 
 /// The toolkit in use; base::Error 91 where there is none.

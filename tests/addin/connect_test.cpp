@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 
+#include "addin/callbacks.h"
 #include "base/error.h"
 #include "core/globals.h"
 #include "core/registry.h"
@@ -102,7 +103,7 @@ TEST_F(ConnectTest, AnotherApplicationIsLeftAlone) {
 
 TEST_F(ConnectTest, OnlyHostsBeforeTheRibbonGetToolbars) {
   for (const auto& [version, toolbars] :
-       {std::pair("9.0", true), {"11.0", true}, {"12.0", false}, {"14.0", false}, {"15.0", false}}) {
+       {std::pair("9.0", true), {"11.0", true}, {"12.0", false}, {"14.0", false}}) {
     SCOPED_TRACE(version);
     const deck::EmbeddedHost host(version);
     connect(host.application());
@@ -122,6 +123,87 @@ TEST_F(ConnectTest, OnlyHostsBeforeTheRibbonGetToolbars) {
     EXPECT_EQ(messages_.take(), Texts{});
   }
   EXPECT_EQ(failures_.take(), Texts{});
+}
+
+TEST_F(ConnectTest, LaterHostsPresentThemselvesAsTheLastKnown) {
+  struct Case {
+    const char* reported;
+    const char* asReported;  // the setting
+    const char* seen;
+    int invalidations;
+  };
+  for (const Case& c :
+       {Case{"14.0", "0", "14.0", 1}, Case{"12.0", "0", "12.0", 1}, Case{"15.0", "0", "14.0", 1},
+        Case{"16.0", "0", "14.0", 1}, Case{"16.0", "-1", "16.0", 0}}) {
+    SCOPED_TRACE(std::string(c.reported) + " " + c.asReported);
+    core::setRegistry("hostVersionAsReported", c.asReported, "");
+    deck::EmbeddedHost host(c.reported);
+    connect(host.application());
+    EXPECT_EQ(globals().hostVersion, c.seen);
+    EXPECT_EQ(globals().powerPointApp.Version(), c.seen);
+    EXPECT_EQ(globals().toolbarControls, nullptr);
+    int invalidations = 0;
+    globals().ribbonUI = host::IRibbonUI(
+        std::make_shared<FakeObject>("IRibbonUI", std::map<std::string, host::Value>{},
+                                     std::map<std::string, FakeObject::Function>{{"Invalidate", [&](auto) {
+                                                                                    ++invalidations;
+                                                                                    return host::Value();
+                                                                                  }}}));
+    host.application().Presentations().Add(true);
+    host.selectShapes({});
+    EXPECT_EQ(invalidations, c.invalidations);
+    EXPECT_EQ(globals().powerPointApp.Presentations().Count(), 1);
+    disconnect();
+    host.selectShapes({});
+    EXPECT_EQ(invalidations, c.invalidations) << "its events are no longer listened to";
+  }
+  EXPECT_EQ(failures_.take(), Texts{});
+}
+
+// While a box is open the host can do what it likes.
+TEST_F(ConnectTest, ADisconnectionWaitsForTheCallThatRuns) {
+  struct Case {
+    const char* what;
+    bool connectsAgain;
+    const char* answer;
+    std::function<void(const host::Presentation&)> call;
+  };
+  const auto pressOpenFolder = [this](const host::Presentation&) {
+    const host::Value arguments[] = {host::Value(control("zp_1102").object())};
+    callBack(*findCallback("onAction"), addIn(), arguments);
+  };
+  const Case cases[] = {
+      {"callback", false, "OK", pressOpenFolder},
+      {"callback, connected anew", true, "OK", pressOpenFolder},
+      {"event", false, "No",
+       [this](const host::Presentation& presentation) {
+         presentation.Tags().Add("zorp_slideOrder", "256;");  // of a slide that is gone
+         presentation.SaveAs(folder_.path("saved.pptx"));
+       }},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    const deck::EmbeddedHost host;
+    connect(host.application());
+    const host::Presentation presentation = host.application().Presentations().Add(true);
+    int boxes = 0;
+    bool worksOn = false;
+    messages_.toolkit().addAnswer(c.answer);
+    messages_.toolkit().observer = [&](const ui::Shown&) {
+      ++boxes;
+      disconnect();
+      worksOn = globals().powerPointApp && globals().tools && globals().applicationEvents;
+      if (c.connectsAgain) connect(host.application());
+    };
+    c.call(presentation);
+    EXPECT_EQ(boxes, 1);
+    EXPECT_TRUE(worksOn) << "the box is still open";
+    EXPECT_EQ(static_cast<bool>(globals().powerPointApp), c.connectsAgain);
+    EXPECT_EQ(globals().tools != nullptr, c.connectsAgain);
+    EXPECT_EQ(failures_.take(), Texts{});
+    disconnect();
+    EXPECT_FALSE(globals().powerPointApp);
+  }
 }
 
 TEST_F(ConnectTest, DisconnectionReleasesEverythingAndAllowsAnother) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "commands/commands_stage.h"
+#include "support/overlay.h"
 
 namespace vellumark::commands {
 namespace {
@@ -289,6 +290,27 @@ TEST_F(Events, WindowsInTransition) {
   events->togglePopupEntry(toolsBar::name, "Tools", "no entry", true);
   EXPECT_EQ(failures.take(),
             (Texts{"pptEvents, toggleButton: -2147024809", "pptEvents, togglePopupEntry (: -2147024809"}));
+}
+
+/// The windows of such hosts fail when they are asked for their selection.
+TEST_F(Events, ASelectionThatCannotBeReadYetEndsQuietly) {
+  for (const char* version : {"11.0", "14.0"}) {
+    SCOPED_TRACE(version);
+    open(version);
+    select({"Rect", "Box"});
+    const host::Selection selection = host->application().ActiveWindow().Selection();
+    const auto failing = [](std::span<const host::Value>) -> host::Value {
+      base::raise(base::errors::unspecific);
+    };
+    const auto window =
+        std::make_shared<test::Overlay>(host->application().ActiveWindow().object(),
+                                        std::map<std::string, FakeObject::Function>{{"Selection", failing}});
+    core::globals().powerPointApp =
+        host::Application(test::overlaid(host->application().object(), "ActiveWindow", window));
+    events->pptApp_WindowSelectionChange(selection);
+    EXPECT_EQ(flags(), "0/0");
+    EXPECT_EQ(failures.take(), Texts{});
+  }
 }
 
 TEST_F(Events, OnlyRibbonHostsInvalidateTheRibbon) {

@@ -6,6 +6,7 @@
 #include "commands/commands_stage.h"
 #include "platform/environment_guard.h"
 #include "services/icons.h"
+#include "support/overlay.h"
 
 namespace vellumark::commands {
 namespace {
@@ -140,6 +141,51 @@ TEST_F(PresentationEvents, StalePageNumbersAreAskedAbout) {
   messages.toolkit().addAnswer("Yes");
   raise(host::member::PresentationPrint, presentation.object());
   EXPECT_EQ(failures.take(), (Texts{"AgendaWizard, btnOK_Click: 91", "AgendaWizard, btnOK_Click: 91"}));
+}
+
+// Such a host saves every few seconds, without its user.
+TEST_F(PresentationEvents, AHostThatSavesByItselfIsAskedOnce) {
+  const std::string hidden = "There are hidden shapes on slides ";
+  for (const bool byItself : {true, false}) {
+    SCOPED_TRACE(byItself);
+    open();
+    tmp.set(folder.root().string());
+    setTag(agenda::tags::slideOrder, order() + "999;");
+    slide(1).Tags().Add("zorp_hiddenShapes", "1");
+    const host::ObjectRef saved =
+        byItself ? test::overlaid(presentation.object(), "AutoSaveOn", host::Value(host::msoTrue))
+                 : presentation.object();
+    /// What a save asks, the first words of each, and whether it was stopped.
+    const auto save = [&](const std::vector<std::string>& answers) {
+      for (const std::string& answer : answers) messages.toolkit().addAnswer(answer);
+      host::Value arguments[] = {saved, false};
+      host->state()->raiseEvent(host::member::PresentationBeforeSave, arguments);
+      std::string asked;
+      for (const std::string& text : messages.take()) {
+        asked += text.find("temporary folder") != std::string::npos ? "folder "
+                 : text.find("page numbers") != std::string::npos   ? "numbers "
+                                                                    : "hidden ";
+      }
+      return asked + (arguments[1].toBool() ? "stopped" : "saved");
+    };
+    EXPECT_EQ(save({"OK", "No", "No"}), "folder numbers hidden stopped");
+    if (!byItself) {
+      EXPECT_EQ(save({"OK", "No", "Yes"}), "folder numbers hidden saved");
+      EXPECT_EQ(save({"No", "No"}), "numbers hidden stopped");
+      continue;
+    }
+    EXPECT_EQ(save({}), "stopped") << "the answers stand";
+    slide(2).Tags().Add("zorp_hiddenShapes", "1");
+    EXPECT_EQ(save({"Yes"}), "hidden saved") << "another set of slides";
+    EXPECT_EQ(save({}), "saved");
+    slide(3).Delete();
+    EXPECT_EQ(save({"No"}), "numbers saved") << "another order";
+    EXPECT_EQ(save({}), "saved");
+    host::Value closed[] = {saved};
+    host->state()->raiseEvent(host::member::PresentationClose, closed);
+    EXPECT_EQ(save({"No", "No"}), "numbers hidden stopped") << "opened again";
+  }
+  EXPECT_EQ(failures.take(), Texts{});
 }
 
 TEST_F(PresentationEvents, EntriesThatNeedAPresentation) {

@@ -3,6 +3,7 @@
 #include "platform/environment_guard.h"
 #include "services/splash_games.h"
 #include "support/temp_folder.h"
+#include "ui/message_pump.h"
 #include "ui/toolkit.h"
 #include "ui/win32/conversions.h"
 #include "ui/win32/system.h"
@@ -10,6 +11,8 @@
 
 namespace vellumark::services {
 namespace {
+
+using ui::win32::pump;
 
 /// What the user does next, run by a timer of the thread within whatever loop then waits.
 std::vector<std::function<void()>> nextActs;
@@ -55,13 +58,13 @@ TEST_F(SplashWin32Test, AGameByKeysAndMouse) {
     const Player player{[&](const std::string& keys) {
                           for (const char key : keys)
                             PostMessageW(window, WM_CHAR, static_cast<WPARAM>(key), 1);
-                          toolkit_.processEvents();
+                          pump();
                         },
                         [&](const ui::Control& control, int x, int y) {
                           const LPARAM place = MAKELPARAM(std::lround(x * scale), std::lround(y * scale));
                           PostMessageW(windowOf(window, control), WM_LBUTTONDOWN, MK_LBUTTON, place);
                           PostMessageW(windowOf(window, control), WM_LBUTTONUP, 0, place);
-                          toolkit_.processEvents();
+                          pump();
                         },
                         [] {
                           later([] {
@@ -83,7 +86,7 @@ TEST_F(SplashWin32Test, TheSplashAtStartGoesByItself) {
   EXPECT_EQ(GetWindowLongW(window, GWL_STYLE) & WS_DLGFRAME, 0);
   for (int i = 0; i < 100 && IsWindow(window); ++i) {
     Sleep(20);
-    toolkit_.processEvents();
+    pump();
   }
   EXPECT_FALSE(IsWindow(window));
   unloadSplash();

@@ -12,6 +12,7 @@
 #include "base/text.h"
 #include "core/registry.h"
 #include "platform/paths.h"
+#include "support/overlay.h"
 #include "tools/stage.h"
 
 namespace vellumark::tools {
@@ -111,6 +112,50 @@ TEST_F(SlideTools, SelectedSlidesBecomeAPresentation) {
   EXPECT_EQ(failures.take(), Texts{});
 }
 
+/// A deck in the cloud has an address for a path.
+TEST_F(SlideTools, AFolderInTheCloudIsNoFolder) {
+  start();
+  host->selectSlides(std::vector<std::int32_t>{2});
+  const std::string address = "https://example.com/sites/Sales/";
+  const host::ObjectRef cloud = test::overlaid(presentation.object(), "Path", address);
+  std::string savedAs;
+  bool warns = true;
+  const auto open = [&](std::span<const host::Value> arguments) {
+    const host::ObjectRef opened = application()
+                                       .Presentations()
+                                       .object()
+                                       ->invoke(host::member::Open, host::Invoke::call, arguments)
+                                       .toObject();
+    return host::Value(std::make_shared<test::Overlay>(
+        opened,
+        std::map<std::string, test::FakeObject::Function>{{"SaveAs", [&](std::span<const host::Value> more) {
+                                                             savedAs = more[0].toString();
+                                                             warns = !events_.noTempFolderWarning;
+                                                             return host::Value();
+                                                           }}}));
+  };
+  const auto presentations =
+      std::make_shared<test::Overlay>(application().Presentations().object(),
+                                      std::map<std::string, test::FakeObject::Function>{{"Open", open}});
+  core::globals().powerPointApp = host::Application(test::overlaid(
+      test::overlaid(application().object(), "Presentations", presentations), "ActivePresentation", cloud));
+
+  chosen_ = address + "Extract.pptx";
+  tools.saveSelectedSlides();
+  EXPECT_EQ(asked_.initialFileName, "");
+  EXPECT_EQ(savedAs, *chosen_) << "the host itself writes there";
+  EXPECT_FALSE(warns);
+  EXPECT_FALSE(events_.noTempFolderWarning);
+
+  const test::EnvironmentGuard opener(
+      "VELLUMARK_OPENER",
+      folder.write("opener", "#!/bin/sh\nprintf '%s' \"$1\" > '" + folder.path("opened") + "'\n"));
+  std::filesystem::permissions(folder.path("opener"), std::filesystem::perms::owner_all);
+  tools.openContainingFolder();
+  EXPECT_EQ(test::readFile(folder.path("opened")), address);
+  EXPECT_EQ(failures.take(), Texts{});
+}
+
 TEST_F(SlideTools, SelectedSlidesGoIntoAMail) {
   const std::string out = folder.path("mailed");
   const std::string mailer = folder.write(
@@ -122,8 +167,11 @@ TEST_F(SlideTools, SelectedSlidesGoIntoAMail) {
     const char* version;
     const char* script;
     std::string name;
+    std::string fullName = {};  // where it isn't the file's
   };
   const Case cases[] = {
+      {"14.0", "btnOK", "Plan 2026.v2_extract_2026-01-31_09-05-07.pptx",
+       "https://example.com/sites/Sales/Plan%202026.v2.pptx"},
       {"14.0", "btnOK", "deck_extract_2026-01-31_09-05-07.pptx"},
       {"11.0", "btnOK", "deck_extract_2026-01-31_09-05-07.ppt"},
       {"14.0", "tbFileName='for you'; btnOK", "for you.pptx"},
@@ -134,6 +182,11 @@ TEST_F(SlideTools, SelectedSlidesGoIntoAMail) {
     SCOPED_TRACE(c.script);
     start(c.version);
     host->selectSlides(std::vector<std::int32_t>{2});
+    if (!c.fullName.empty()) {
+      core::globals().powerPointApp =
+          host::Application(test::overlaid(application().object(), "ActivePresentation",
+                                           test::overlaid(presentation.object(), "FullName", c.fullName)));
+    }
     messages.toolkit().addDialog(std::string("emailSelectedSlidesInput: ") + c.script);
     tools.emailSelectedSlides();
     for (int i = 0; i < 500 && !std::filesystem::exists(out); ++i) {
@@ -231,7 +284,10 @@ TEST_F(SlideTools, AMotionPathLeadsFromCentreToCentre) {
       chosen.push_back(presentation.Slides().Item(4).Shapes().Item(name));
     host->selectShapes(chosen);
     base::setDecimalSeparator(c.separator);
+    const host::CommandBar pane = application().CommandBars().Add("Custom Animation", 1, true);
+    pane.Visible(false);
     tools.createMotionPath();
+    EXPECT_EQ(pane.Visible(), c.version != std::string("11.0")) << "older hosts have a control for it";
     base::setDecimalSeparator(std::nullopt);
     const host::Sequence sequence = presentation.Slides().Item(4).TimeLine().MainSequence();
     ASSERT_EQ(sequence.Count(), 1);

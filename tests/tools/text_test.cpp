@@ -122,8 +122,8 @@ TEST_F(TextTools, TheWalkGoesThroughSlidesGroupsAndTables) {
   };
   tools.addIndent();
   EXPECT_EQ(levels(), "2222");
-  shape("T").Table().Cell(1, 2).Select();
-  shape("T").Table().Cell(2, 1).Select(false);
+  const host::Cell cells[] = {shape("T").Table().Cell(1, 2), shape("T").Table().Cell(2, 1)};
+  host->selectCells(cells);
   tools.addIndent();
   EXPECT_EQ(levels(), "2332");
 

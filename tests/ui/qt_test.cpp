@@ -42,7 +42,8 @@ class QtTest : public ::testing::Test {
     static QtToolkit toolkit;
     toolkit_ = &toolkit;
     before_ = setToolkit(&toolkit);
-    toolkit.processEvents();
+    Form first("first", "");
+    toolkit.runHidden(first);  // whatever is shown first makes Qt's application
   }
   ~QtTest() override { setToolkit(before_); }
 
@@ -505,6 +506,50 @@ TEST_F(QtTest, FormsWithoutWaitingAndFormsInForms) {
     EXPECT_TRUE(own->isVisible());
     EXPECT_EQ(outer.log, Log{"Cancel"});
   });
+}
+
+/// Counts what comes to a widget.
+class Counter : public QObject {
+ public:
+  explicit Counter(QEvent::Type type) : type_(type) {}
+  bool eventFilter(QObject*, QEvent* event) override {
+    count += event->type() == type_ ? 1 : 0;
+    return false;
+  }
+  int count = 0;
+
+ private:
+  QEvent::Type type_;
+};
+
+TEST_F(QtTest, ARepaintShowsTheFormAndLetsNothingElseHappen) {
+  Everything form;
+  form.showModeless();
+  QWidget* window = QApplication::topLevelWidgets().front();
+  for (QWidget* each : QApplication::topLevelWidgets()) {
+    if (each->objectName().toStdString() == form.Form::name()) window = each;
+  }
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+  QWidget host;
+  host.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&host));
+  auto* label = window->findChild<QWidget*>(QString::fromStdString(form.paragraph.name()));
+  Counter paints(QEvent::Paint), closes(QEvent::Close);
+  label->installEventFilter(&paints);
+  host.installEventFilter(&closes);
+  QApplication::postEvent(&host, new QCloseEvent);
+  bool ticked = false;
+  QTimer::singleShot(0, [&] { ticked = true; });
+
+  form.paragraph.caption("Processing item 2 of 12");
+  form.repaint();
+  EXPECT_EQ(paints.count, 1);
+  EXPECT_EQ(closes.count, 0);
+  EXPECT_FALSE(ticked);
+  QApplication::processEvents();
+  EXPECT_EQ(closes.count, 1) << "it had waited";
+  form.hide();
+  QApplication::processEvents();
 }
 
 TEST_F(QtTest, MessageBoxes) {

@@ -8,6 +8,7 @@
 #include "platform/paths.h"
 #include "ui/everything_form.h"
 #include "ui/keys.h"
+#include "ui/message_pump.h"
 #include "ui/pages_form.h"
 #include "ui/win32/conversions.h"
 #include "ui/win32/system.h"
@@ -60,7 +61,7 @@ class Win32Test : public ::testing::Test {
     host_ = CreateWindowExW(0, L"STATIC", L"Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 100, 60, 700, 560,
                             nullptr, nullptr, nullptr, nullptr);
     SetActiveWindow(host_);
-    toolkit_.processEvents();
+    pump();
   }
   ~Win32Test() override {
     setToolkit(before_);
@@ -116,7 +117,6 @@ class Win32Test : public ::testing::Test {
     PostMessageW(of(control), WM_LBUTTONUP, 0, MAKELPARAM(x, y));
     pump();
   }
-  void pump() { toolkit_.processEvents(); }
   void wait(const std::function<bool()>& done) {
     for (int i = 0; i < 200 && !done(); ++i) {
       Sleep(5);
@@ -643,6 +643,59 @@ TEST_F(Win32Test, PicturesTellWhereTheMouseIs) {
   });
 }
 
+TEST_F(Win32Test, ARepaintShowsTheFormAndLetsNothingElseHappen) {
+  Everything form;
+  form.showModeless();
+  window_ = formWindows().front();
+  pump();
+  PostMessageW(host_, WM_CLOSE, 0, 0);
+  InvalidateRect(of(form.paragraph), nullptr, TRUE);
+  EXPECT_TRUE(GetUpdateRect(of(form.paragraph), nullptr, FALSE)) << "it waits to be painted";
+  form.repaint();
+  EXPECT_FALSE(GetUpdateRect(of(form.paragraph), nullptr, FALSE));
+  MSG message = {};
+  EXPECT_TRUE(PeekMessageW(&message, host_, WM_CLOSE, WM_CLOSE, PM_REMOVE)) << "it waits on";
+  form.hide();
+  pump();
+}
+
+/// What a window gets that comes to a screen of twice the resolution.
+TEST_F(Win32Test, AnotherResolutionMakesTheFormLarger) {
+  Everything form;
+  show(form, [&] {
+    const auto fontHeight = [&] {
+      LOGFONTW font = {};
+      GetObjectW(reinterpret_cast<HFONT>(send(form.paragraph, WM_GETFONT)), sizeof font, &font);
+      return font.lfHeight;
+    };
+    const auto size = [&] {
+      RECT area = {};
+      GetClientRect(window_, &area);
+      return std::pair(area.right, area.bottom);
+    };
+    const auto tell = [&](int dpi) {
+      RECT proposed = {10, 20, 700, 500};
+      SendMessageW(window_, 0x02E0, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&proposed));
+    };
+    const HDC screen = GetDC(nullptr);
+    const int own = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    const LONG height = fontHeight();
+    const auto [width, depth] = size();
+    tell(2 * own);
+    EXPECT_EQ(fontHeight(), 2 * height);
+    EXPECT_NEAR(static_cast<double>(size().first) / width, 2, 0.3);
+    EXPECT_NEAR(static_cast<double>(size().second) / depth, 2, 0.3);
+    RECT place = {};
+    GetWindowRect(window_, &place);
+    EXPECT_EQ(place.left, 10);
+    EXPECT_EQ(place.top, 20);
+    tell(own);
+    EXPECT_EQ(fontHeight(), height);
+    EXPECT_EQ(size(), std::pair(width, depth)) << "and back";
+  });
+}
+
 TEST_F(Win32Test, MessageBoxes) {
   struct Case {
     Buttons buttons;
@@ -748,7 +801,7 @@ class OtherWindow {
   }
   static void wait() {
     for (int i = 0; i < 10; ++i) {
-      toolkit().processEvents();
+      pump();
       Sleep(10);
     }
   }

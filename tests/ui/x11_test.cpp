@@ -116,7 +116,7 @@ class X11 : public ::testing::Test {
     qunsetenv("XDG_SESSION_TYPE");
     static QtToolkit toolkit;
     setToolkit(&toolkit);
-    toolkit.processEvents();
+    QApplication::processEvents();
   }
   void TearDown() override { setToolkit(nullptr); }
 };

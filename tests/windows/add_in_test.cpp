@@ -57,6 +57,39 @@ TEST_F(InstalledAddIn, AUserCanRegisterItAlone) {
   unsetenv("VELLUMARK_REGISTER");
 }
 
+/// Both kinds of program have a server of their own and share the rest.
+TEST_F(InstalledAddIn, TheOtherKindsRegistrationStays) {
+  requireRegistered();
+  const std::string dll = windowsPath(TEST_WINDOWS_BUILD "/installation/addin/zorp.dll");
+  const auto classId = registryValue("HKLM\\Software\\Classes\\zorp.Connect\\CLSID", "");
+  ASSERT_TRUE(classId);
+  const std::string server = "HKLM\\Software\\Classes\\CLSID\\" + *classId;
+  const auto reg = [&](const char* verb, std::vector<std::string> more) {
+    std::vector<std::string> words{"reg", verb, server + (more.empty() ? "" : "\\InprocServer32"), "/f",
+                                   "/reg:32"};
+    words.insert(words.end(), more.begin(), more.end());
+    return runWine(words).status;
+  };
+  ASSERT_EQ(reg("add", {"/ve", "/d", "C:\\other\\zorp.dll"}), 0);
+  EXPECT_EQ(runWine({"regsvr32", "/s", "/u", dll}).status, 0);
+  EXPECT_FALSE(registryValue(server + "\\InprocServer32", "")) << "its own server is gone";
+  EXPECT_EQ(registryValue("HKLM\\Software\\Classes\\zorp.Connect\\CLSID", ""), classId);
+  EXPECT_EQ(reg("delete", {}), 0);
+  EXPECT_EQ(runWine({"regsvr32", "/s", "/u", dll}).status, 0);
+  EXPECT_FALSE(registryValue("HKLM\\Software\\Classes\\zorp.Connect\\CLSID", ""));
+  EXPECT_EQ(runWine({"regsvr32", "/s", dll}).status, 0);
+}
+
+/// Who wishes so removes no more than the own registration.
+TEST_F(InstalledAddIn, UnregisteringForOneselfLeavesTheMachines) {
+  requireRegistered();
+  const std::string dll = windowsPath(TEST_WINDOWS_BUILD "/installation/addin/zorp.dll");
+  setenv("VELLUMARK_REGISTER", "user", 1);
+  EXPECT_EQ(runWine({"regsvr32", "/s", "/u", dll}).status, 0);
+  unsetenv("VELLUMARK_REGISTER");
+  EXPECT_TRUE(registryValue("HKLM\\Software\\Classes\\zorp.Connect\\CLSID", ""));
+}
+
 TEST_F(InstalledAddIn, CountersStandInTheUsersRegistry) {
   setRegistryValue(settings, "statsTrimlineTools", "REG_SZ", "41");
   EXPECT_EQ(align().status, 0);

@@ -24,7 +24,7 @@ Outcome runOverCom(const std::string& command, const std::string& deck, std::vec
   for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
     if (arguments[i] == "-o") arguments[i + 1] = windowsPath(arguments[i + 1]);
   }
-  arguments.insert(arguments.begin(), {TEST_WINDOWS_BUILD "/vellumark-host.exe", subcommand, command,
+  arguments.insert(arguments.begin(), {TEST_WINDOWS_BUILD "/vellumark-strict-host.exe", subcommand, command,
                                        windowsPath(deck), "--root", windowsPath(TEST_SOURCE_DIR "/product")});
   return runWine(arguments);
 }

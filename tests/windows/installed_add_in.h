@@ -18,8 +18,8 @@ std::string windowsPath(const std::string& path);
 /// Registers the add-in in that Windows, once for all tests of this program.
 void requireRegistered();
 
-/// `run COMMAND DECK arguments...`, or another subcommand of that form, with the registered add-in over COM.
-/// Paths are this system's.
+/// `run COMMAND DECK arguments...`, or another subcommand of that form, with the registered add-in over COM,
+/// at a host that takes nothing but what is documented. Paths are this system's.
 Outcome runOverCom(const std::string& command, const std::string& deck, std::vector<std::string> arguments,
                    const std::string& subcommand = "run");
 

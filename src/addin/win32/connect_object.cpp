@@ -7,6 +7,7 @@
 #include "base/trap.h"
 #include "host/automation/failures.h"
 #include "host/automation/variant.h"
+#include "host/running_call.h"
 
 namespace vellumark::addin::win32 {
 namespace {
@@ -187,13 +188,19 @@ void* ConnectObject::find(REFIID id) {
 void ConnectObject::connect(IDispatch* application, int connectMode, IDispatch* addInInst,
                             SAFEARRAY* custom) {
   if (running_) return;  // the host connects an object once
+  const host::RunningCall call;
   running_ = RunningAddIn::get();
   running_->start(host::Application(host::automation::unwrap(application)), connectMode,
                   host::COMAddIn(host::automation::unwrap(addInInst)), customValues(custom));
 }
 
+/// The add-in and its toolkit stay under the dialogs that are open, which let the host disconnect.
 void ConnectObject::disconnect(int removeMode, SAFEARRAY* custom) {
-  if (const auto running = std::exchange(running_, nullptr)) running->stop(removeMode, customValues(custom));
+  auto running = std::exchange(running_, nullptr);
+  if (!running) return;
+  host::whenNoCallRuns([running = std::move(running), removeMode, values = customValues(custom)] {
+    running->stop(removeMode, values);
+  });
 }
 
 Connect& ConnectObject::addIn() {
@@ -213,7 +220,10 @@ HRESULT ConnectObject::GetTypeInfo(UINT, LCID, ITypeInfo**) { return E_NOTIMPL; 
 HRESULT ConnectObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
   if (names == nullptr || ids == nullptr || count == 0) return E_POINTER;
   for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
-  const Callback* callback = findCallback(host::automation::fromWide(names[0]));
+  const Callback* callback = nullptr;
+  const HRESULT searched = guarded([&] { callback = findCallback(host::automation::fromWide(names[0])); },
+                                   &host::automation::resultFor);
+  if (FAILED(searched)) return searched;
   if (callback == nullptr) return DISP_E_UNKNOWNNAME;
   ids[0] = static_cast<DISPID>(callback - callbacks().data() + 1);
   return count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
@@ -223,6 +233,7 @@ HRESULT ConnectObject::Invoke(DISPID number, REFIID, LCID, WORD, DISPPARAMS* arg
                               EXCEPINFO* failure, UINT*) {
   if (arguments == nullptr) return E_POINTER;
   const ComPtr<ConnectObject> self(this);
+  const host::RunningCall call;
   return guarded(
       [&] {
         const auto all = callbacks();

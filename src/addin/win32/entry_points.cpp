@@ -24,12 +24,13 @@ STDAPI DllRegisterServer() {
   return guarded([] { registerAddIn(chosenScope()); }, &registryResult);
 }
 
-/// Removes the user's registration, and that for all users where this one may.
+/// Removes the user's registration and that for all users; the user's alone where that was wished. A user who
+/// may not remove the other is told so.
 STDAPI DllUnregisterServer() {
   return guarded(
       [] {
         unregisterAddIn(Scope::user);
-        if (chosenScope() == Scope::machine) unregisterAddIn(Scope::machine);
+        if (wishedScope() != Scope::user) unregisterAddIn(Scope::machine);
       },
       &registryResult);
 }

@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "host/automation/com.h"
+#include "host/automation/failures.h"
 
 namespace vellumark::addin::win32 {
 
@@ -32,10 +33,15 @@ class Face : public Interface {
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
     if (names == nullptr || ids == nullptr || count == 0) return E_POINTER;
     for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
-    const std::string wanted = host::automation::fromWide(names[0]);
-    for (std::size_t i = 0; i < names_.size(); ++i) {
-      if (base::equalsIgnoreCase(names_[i], wanted)) ids[0] = static_cast<DISPID>(i + 1);
-    }
+    const HRESULT searched = host::automation::guarded(
+        [&] {
+          const std::string wanted = host::automation::fromWide(names[0]);
+          for (std::size_t i = 0; i < names_.size(); ++i) {
+            if (base::equalsIgnoreCase(names_[i], wanted)) ids[0] = static_cast<DISPID>(i + 1);
+          }
+        },
+        &host::automation::resultFor);
+    if (FAILED(searched)) return searched;
     return ids[0] == DISPID_UNKNOWN || count > 1 ? DISP_E_UNKNOWNNAME : S_OK;
   }
 

@@ -34,7 +34,7 @@ struct Keys {
 void check(LSTATUS status, const std::string& key) {
   if (status != ERROR_SUCCESS) {
     base::raise(base::errors::fileAccess,
-                "The registry key " + key + " can't be written (" + std::to_string(status) + ")");
+                "The registry key " + key + " can't be changed (" + std::to_string(status) + ")");
   }
 }
 
@@ -66,6 +66,24 @@ void writeAll(Scope scope) {
   write(scope, keys.addIn, "LoadBehavior", REG_DWORD, &loadAtStart, sizeof loadAtStart);
 }
 
+void remove(Scope scope, const std::string& key) {
+  const LSTATUS status = RegDeleteTreeW(hiveOf(scope), toWide(key).c_str());
+  if (status != ERROR_FILE_NOT_FOUND) check(status, key);
+}
+
+/// Whether the add-in for the other kind of program, 32-bit or 64-bit, is registered. A 32-bit Windows knows
+/// one kind, and looks for this one's own server.
+bool otherKindIsRegistered(Scope scope) {
+  constexpr REGSAM otherKind = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+  HKEY key = nullptr;
+  const std::wstring server = toWide(Keys().server + "\\InprocServer32");
+  if (RegOpenKeyExW(hiveOf(scope), server.c_str(), 0, KEY_READ | otherKind, &key) != ERROR_SUCCESS) {
+    return false;
+  }
+  RegCloseKey(key);
+  return true;
+}
+
 }  // namespace
 
 void registerAddIn(Scope scope) {
@@ -81,18 +99,24 @@ void registerAddIn(Scope scope) {
   }
 }
 
+/// A 64-bit Windows keeps the servers of both kinds of program apart, and for all users the add-ins too. The
+/// rest is one for both, and stays for as long as the other kind has its server.
 void unregisterAddIn(Scope scope) {
   const Keys keys;
-  for (const std::string& key : {keys.addIn, keys.progId, keys.server}) {
-    const LSTATUS status = RegDeleteTreeW(hiveOf(scope), toWide(key).c_str());
-    if (status != ERROR_FILE_NOT_FOUND) check(status, key);
-  }
+  remove(scope, keys.server);
+  const bool shared = otherKindIsRegistered(scope);
+  if (!shared || scope == Scope::machine) remove(scope, keys.addIn);
+  if (!shared) remove(scope, keys.progId);
+}
+
+std::optional<Scope> wishedScope() {
+  const auto wish = platform::environmentVariable("VELLUMARK_REGISTER");
+  if (!wish) return std::nullopt;
+  return base::equalsIgnoreCase(*wish, "user") ? Scope::user : Scope::machine;
 }
 
 Scope chosenScope() {
-  if (const auto wish = platform::environmentVariable("VELLUMARK_REGISTER")) {
-    return base::equalsIgnoreCase(*wish, "user") ? Scope::user : Scope::machine;
-  }
+  if (const auto wish = wishedScope()) return *wish;
   HKEY key = nullptr;
   const LSTATUS status =
       RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"Software\\Classes\\CLSID", 0, KEY_CREATE_SUB_KEY, &key);

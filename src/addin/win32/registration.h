@@ -1,6 +1,8 @@
 #pragma once
 // What the registry must say so that the host finds and loads the add-in.
 
+#include <optional>
+
 namespace vellumark::addin::win32 {
 
 /// For whom the add-in is registered.
@@ -17,5 +19,7 @@ void unregisterAddIn(Scope scope);
 /// The scope that the environment variable VELLUMARK_REGISTER names ("user" or "machine"), or else the
 /// machine where this user may write for all, and the user where not.
 Scope chosenScope();
+/// What VELLUMARK_REGISTER says; nothing where it isn't set.
+std::optional<Scope> wishedScope();
 
 }  // namespace vellumark::addin::win32

@@ -27,6 +27,7 @@ class RunningAddIn {
   Connect& connect() { return connect_; }
 
  private:
+  ui::win32::DrawingEngine drawing_;  ///< starts once, not with each picture of the ribbon
   ui::win32::Win32Toolkit toolkit_;
   ui::Toolkit* toolkitBefore_;
   Connect connect_;

@@ -7,7 +7,7 @@
 namespace vellumark::deck {
 namespace {
 
-constexpr double lastWithCommandBars = 11.0, firstWithFileDialogs = 10.0;
+constexpr double firstWithFileDialogs = 10.0;
 
 class ApplicationObject : public ModelObject<ApplicationObject>, public host::EventSource {
  public:
@@ -21,7 +21,7 @@ class ApplicationObject : public ModelObject<ApplicationObject>, public host::Ev
         property<&ApplicationObject::activeWindow>(member::ActiveWindow),
         property<&ApplicationObject::activePresentation>(member::ActivePresentation),
         property<&ApplicationObject::comAddIns>(member::COMAddIns),
-        property<&ApplicationObject::commandBars>(member::CommandBars).upTo(lastWithCommandBars),
+        property<&ApplicationObject::commandBars>(member::CommandBars),
         method<&ApplicationObject::fileDialog>(member::FileDialog, 1).from(firstWithFileDialogs),
         method<&ApplicationObject::run>(member::Run, 1, 31),
     };

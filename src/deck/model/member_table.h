@@ -41,7 +41,7 @@ struct MemberTraits<R (C::*)(A...) const> : MemberTraits<R (C::*)(A...)> {};
 }  // namespace detail
 
 /// One member of class T. `read` serves property reads and calls, `write` serves puts (the new value comes
-/// last). Hosts before version `since` and after version `until` lack the member.
+/// last). Hosts before version `since` lack the member.
 template <typename T>
 struct MemberEntry {
   Member name;
@@ -50,16 +50,10 @@ struct MemberEntry {
   std::size_t fewestArguments = 0;
   std::size_t mostArguments = 0;
   double since = 0;
-  double until = 1000;
 
   MemberEntry from(double version) const {
     MemberEntry entry = *this;
     entry.since = version;
-    return entry;
-  }
-  MemberEntry upTo(double version) const {
-    MemberEntry entry = *this;
-    entry.until = version;
     return entry;
   }
 };
@@ -159,7 +153,7 @@ class ModelObject : public host::Object, public std::enable_shared_from_this<T> 
   Value dispatch(T& self, Member name, Invoke kind, Arguments arguments) {
     const MemberEntry<T>* entry = T::members().find(name);
     const double version = host_->versionNumber();
-    if (!entry || version < entry->since || version > entry->until) base::raise(base::errors::noSuchMember);
+    if (!entry || version < entry->since) base::raise(base::errors::noSuchMember);
     self.requireAlive();
     const std::size_t own = arguments.size() - (kind == Invoke::put && !arguments.empty() ? 1 : 0);
     if (own > entry->mostArguments || own < entry->fewestArguments) {

@@ -55,7 +55,7 @@ std::int32_t typeOfGraphic(xml_node shape) {
   const std::string_view uri = graphicUri(shape);
   if (uri.ends_with("/table")) return host::msoTable;
   if (uri.ends_with("/chart") || uri.ends_with("/chartex")) return host::msoChart;
-  if (uri.ends_with("/diagram")) return host::msoDiagram;
+  if (uri.ends_with("/diagram")) return host::msoIgxGraphic;
   if (uri.ends_with("/ole")) return typeOfObject(shape);
   return typeMixed;
 }

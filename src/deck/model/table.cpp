@@ -58,7 +58,7 @@ class CellObject : public ModelObject<CellObject> {
     static const MemberTable<CellObject> table{
         property<&CellObject::shape>(member::Shape),
         property<&CellObject::selected>(member::Selected),
-        method<&CellObject::select>(member::Select, 0, 1),
+        method<&CellObject::select>(member::Select),
     };
     return table;
   }
@@ -73,9 +73,8 @@ class CellObject : public ModelObject<CellObject> {
     const WindowRef window = host()->windowOf(cell_.sheet.document);
     return window && std::ranges::find(window->selection.cells, cell_) != window->selection.cells.end();
   }
-  void select(Arguments arguments) {
-    selectCell(host(), cell_, argumentOr<std::int32_t>(arguments, 0, host::msoTrue) != 0);
-  }
+  void select() { selectCell(host(), cell_, true); }
+  const ShapeKey& key() const { return cell_; }
 
  private:
   ShapeKey cell_;
@@ -140,6 +139,12 @@ class TableObject : public ModelObject<TableObject> {
 
 host::ObjectRef makeTable(const HostRef& host, const ShapeKey& shape) {
   return std::make_shared<TableObject>(host, shape);
+}
+
+void addToSelection(const HostRef& host, const host::Cell& cell) {
+  if (const auto* object = dynamic_cast<const CellObject*>(cell.object().get())) {
+    selectCell(host, object->key(), false);
+  }
 }
 
 host::ObjectRef makeCellShape(const HostRef& host, const ShapeKey& cell) {

@@ -215,11 +215,11 @@ class SequenceObject : public ModelObject<SequenceObject> {
     return effect(all[collectionIndex(arguments[0].toInt(), all.size())]);
   }
 
-  /// AddEffect(Shape, effectId, Level, trigger, Index): the path to the right, started by a click, is the
+  /// AddEffect(Shape, effectId, Level, trigger, Index): the path to the left, started by a click, is the
   /// effect that this program adds.
   host::ObjectRef addEffect(Arguments arguments) {
-    constexpr std::int32_t pathToTheRight = 63;  // its number in the file
-    const bool known = arguments[1].toInt() == host::msoAnimEffectPathRight &&
+    constexpr std::int32_t pathToTheLeft = 35;  // its number in the file
+    const bool known = arguments[1].toInt() == host::msoAnimEffectPathLeft &&
                        argumentOr<std::int32_t>(arguments, 2, 0) == 0 &&
                        argumentOr<std::int32_t>(arguments, 3, host::msoAnimTriggerOnPageClick) ==
                            host::msoAnimTriggerOnPageClick;
@@ -230,7 +230,7 @@ class SequenceObject : public ModelObject<SequenceObject> {
     const std::size_t position = index == -1 ? count : collectionIndex(index, count + 1);
     const bool hasText = shapeElement(shape.node) == ShapeElement::shape;
     return effect(
-        addMotionEffect(slide_, shapeId(shape.node), hasText, position, pathToTheRight, "M 0 0 L 0.25 0 E"));
+        addMotionEffect(slide_, shapeId(shape.node), hasText, position, pathToTheLeft, "M 0 0 L -0.25 0 E"));
   }
 
  private:

@@ -42,10 +42,11 @@ HRESULT EventSink::Invoke(DISPID number, REFIID, LCID, WORD, DISPPARAMS* argumen
   if (event == nullptr || handler_ == nullptr) return S_OK;
   if (arguments == nullptr) return E_POINTER;
   // The handler may disconnect itself; neither it nor the sink goes away under it.
-  const EventHandler handler = handler_;
   const ComPtr<EventSink> self(this);
+  EventHandler handler;
   return guarded(
       [&] {
+        handler = handler_;
         const UINT count = arguments->cArgs;
         std::vector<Value> values;
         for (UINT i = 0; i < count; ++i) values.push_back(fromVariant(arguments->rgvarg[count - 1 - i]));

@@ -1,5 +1,8 @@
 #include "host/picture.h"
 
+#include <algorithm>
+#include <cstdint>
+
 // The drawing engine's headers need what com.h takes away.
 // clang-format off
 #include "ui/win32/system.h"
@@ -30,10 +33,8 @@ ObjectRef bitmapToPicture(HBITMAP bitmap) {
 
 }  // namespace
 
-/// GDI+ lives as long as the call.
 ObjectRef loadPictureFromFile(const std::string& path) {
-  ui::win32::Resources resources;
-  resources.startDrawing();
+  const ui::win32::DrawingEngine drawing;
   HBITMAP bitmap = nullptr;
   {
     Gdiplus::Bitmap image(automation::toWide(path).c_str());
@@ -45,8 +46,7 @@ ObjectRef loadPictureFromFile(const std::string& path) {
 
 /// Old bars paint a picture over what its mask left standing, so it is black where it doesn't show.
 MaskedPicture loadMaskedPicture(const std::string& path) {
-  ui::win32::Resources resources;
-  resources.startDrawing();
+  const ui::win32::DrawingEngine drawing;
   HBITMAP pictureBitmap = nullptr, maskBitmap = nullptr;
   {
     Gdiplus::Bitmap image(automation::toWide(path).c_str());
@@ -82,16 +82,28 @@ MaskedPicture loadMaskedPicture(const std::string& path) {
   return {bitmapToPicture(pictureBitmap), bitmapToPicture(maskBitmap)};
 }
 
+/// A host with a ribbon takes the fourth byte of a point for its cover. Only some ways of drawing set it, so
+/// all points are made to cover in the end.
 ObjectRef pictureOf(const ui::Canvas& canvas) {
-  const HDC screen = GetDC(nullptr);
-  const HDC memory = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, canvas.width(), canvas.height());
-  ReleaseDC(nullptr, screen);
+  BITMAPINFO form{};
+  form.bmiHeader.biSize = sizeof form.bmiHeader;
+  form.bmiHeader.biWidth = canvas.width();
+  form.bmiHeader.biHeight = canvas.height();
+  form.bmiHeader.biPlanes = 1;
+  form.bmiHeader.biBitCount = 32;
+  void* bits = nullptr;
+  const HBITMAP bitmap = CreateDIBSection(nullptr, &form, DIB_RGB_COLORS, &bits, nullptr, 0);
+  if (bitmap == nullptr) return nullptr;
+  const HDC memory = CreateCompatibleDC(nullptr);
   const HGDIOBJ before = SelectObject(memory, bitmap);
   {
     ui::win32::Resources resources;
     ui::win32::paintCanvas(canvas, memory, resources);
   }
+  GdiFlush();
+  auto* points = static_cast<std::uint32_t*>(bits);
+  std::for_each_n(points, canvas.width() * canvas.height(),
+                  [](std::uint32_t& point) { point |= 0xFF000000; });
   SelectObject(memory, before);
   DeleteDC(memory);
   return bitmapToPicture(bitmap);

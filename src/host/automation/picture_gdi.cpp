@@ -96,7 +96,8 @@ std::int16_t renderClipboardToPng(std::int16_t width, std::int16_t height, std::
   ULONG_PTR token = 0;
   if (failed(1, Gdiplus::GdiplusStartup(&token, &version1, nullptr))) return status;
   Gdiplus::GpGraphics* screen = nullptr;
-  if (failed(2, GdipCreateFromHDC(GetWindowDC(nullptr), &screen))) return status;
+  const HDC screenContext = GetWindowDC(nullptr);
+  if (failed(2, GdipCreateFromHDC(screenContext, &screen))) return status;
   if (!waitForClipboard()) return clipboardHeld;
   const HBITMAP taken = takeMetafile();
   Gdiplus::GpBitmap* source = nullptr;
@@ -111,6 +112,7 @@ std::int16_t renderClipboardToPng(std::int16_t width, std::int16_t height, std::
   Gdiplus::GpBitmap* target = nullptr;
   if (GdipCreateBitmapFromGraphics(width, height, screen, &target) != Gdiplus::Ok) return 0;
   if (failed(7, GdipDeleteGraphics(screen))) return status;
+  ReleaseDC(nullptr, screenContext);
   Gdiplus::GpGraphics* drawing = nullptr;
   if (failed(8, GdipGetImageGraphicsContext(target, &drawing))) return status;
   if (failed(9, GdipSetSmoothingMode(drawing, Gdiplus::SmoothingModeHighQuality))) return status;

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/text.h"
+#include "base/web_address.h"
 #include "platform/environment.h"
 
 namespace vellumark::platform {
@@ -17,22 +18,6 @@ int takePort(std::string& address, int defaultPort) {
   std::from_chars(address.data() + colon + 1, address.data() + address.size(), port);
   address.resize(colon);
   return port;
-}
-
-std::string percentDecoded(std::string_view text) {
-  std::string result;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    unsigned char byte = 0;
-    const char* digits = text.data() + i + 1;
-    if (text[i] == '%' && i + 2 < text.size() &&
-        std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
-      result += static_cast<char>(byte);
-      i += 2;
-    } else {
-      result += text[i];
-    }
-  }
-  return result;
 }
 
 bool isExcepted(const std::string& host, int port, const std::string& exceptions) {
@@ -63,7 +48,7 @@ std::optional<HttpProxy> proxyFor(const std::string& host, int port) {
   }
   if (const std::size_t slash = proxy.host.find('/'); slash != std::string::npos) proxy.host.resize(slash);
   if (const std::size_t at = proxy.host.rfind('@'); at != std::string::npos) {
-    proxy.credentials = percentDecoded(std::string_view(proxy.host).substr(0, at));
+    proxy.credentials = base::percentDecoded(std::string_view(proxy.host).substr(0, at));
     proxy.host.erase(0, at + 1);
   }
   proxy.port = takePort(proxy.host, 80);

@@ -81,7 +81,6 @@ class HeadlessToolkit : public Toolkit {
   int textWidth(const std::string& text) override { return 7 * static_cast<int>(text.size()); }
   Screen* wholeScreen() override;
   DesktopColor askDesktopColor(const std::function<bool()>& goesOn) override;
-  void processEvents() override {}
 
   /// Lets that much time pass, in milliseconds. It stands still otherwise.
   void pass(int milliseconds);

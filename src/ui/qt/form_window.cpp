@@ -143,8 +143,13 @@ Rect FormWindow::frame() const {
           scaled(own.width()), scaled(own.height())};
 }
 
-/// A window that was just made is painted when the system has shown it.
-void FormWindow::repaint() { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+/// A new window needs the window system's word that it is on the screen; what users do waits meanwhile.
+void FormWindow::repaint() {
+  if (!live_) return;
+  if (arranging_) arrangeAnew();
+  if (!windowHandle()->isExposed()) QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  QDialog::repaint();
+}
 
 void FormWindow::restoreFocus() {
   if (live_) focusChanged(form_->focused());
@@ -224,7 +229,6 @@ void FormWindow::arrangeLater() {
   QMetaObject::invokeMethod(
       this,
       [this] {
-        arranging_ = false;
         if (live_) arrangeAnew();
       },
       Qt::QueuedConnection);
@@ -232,6 +236,7 @@ void FormWindow::arrangeLater() {
 
 /// A window of its natural size keeps to that; one that the user made larger stays so.
 void FormWindow::arrangeAnew() {
+  arranging_ = false;
   const Size needed = arrange(form_->layout(), FontMeasurer()).size;
   const QSize natural(needed.width, needed.height);
   const QSize wanted = size() == natural_ || !isVisible() ? natural : size().expandedTo(natural);

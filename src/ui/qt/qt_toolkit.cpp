@@ -188,18 +188,12 @@ Screen* QtToolkit::wholeScreen() {
 DesktopColor QtToolkit::askDesktopColor(const std::function<bool()>& goesOn) {
   useApplication();
   const platform::PickedColor picked = platform::pickDesktopColor([&] {
-    processEvents();
+    QApplication::processEvents();
     return goesOn();
   });
   if (!picked.color) return {{}, picked.refusal};
   const auto byte = [&](std::size_t i) { return qRound(qBound(0.0, (*picked.color)[i], 1.0) * 255); };
   return {rgb(byte(0), byte(1), byte(2)), {}};
-}
-
-void QtToolkit::processEvents() {
-  useApplication();
-  QApplication::processEvents();
-  loops_.rethrow();
 }
 
 }  // namespace vellumark::ui

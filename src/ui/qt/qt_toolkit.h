@@ -40,7 +40,6 @@ class QtToolkit : public Toolkit {
   /// Only an X server shows it.
   Screen* wholeScreen() override;
   DesktopColor askDesktopColor(const std::function<bool()>& goesOn) override;
-  void processEvents() override;
 
  private:
   int ask(QDialog& dialog);

@@ -10,10 +10,14 @@ void EventLoops::perform(const std::function<void()>& act, bool keep) noexcept {
   try {
     act();
   } catch (...) {
-    // What fails after the first failure is its consequence.
-    if (keep && !failure_) failure_ = std::current_exception();
-    wake();
+    caught(keep);
   }
+}
+
+/// What fails after the first failure is its consequence.
+void EventLoops::caught(bool keep) noexcept {
+  if (keep && !failure_) failure_ = std::current_exception();
+  wake();
 }
 
 void EventLoops::run(const std::function<bool()>& goesOn) {
@@ -22,19 +26,6 @@ void EventLoops::run(const std::function<bool()>& goesOn) {
     const BOOL got = GetMessageW(&message, nullptr, 0, 0);
     if (got == 0) PostQuitMessage(static_cast<int>(message.wParam));
     if (got <= 0) break;
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
-  rethrow();
-}
-
-void EventLoops::dispatchPending() {
-  MSG message = {};
-  while (!failure_ && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-    if (message.message == WM_QUIT) {
-      PostQuitMessage(static_cast<int>(message.wParam));
-      break;
-    }
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

@@ -13,11 +13,11 @@ class EventLoops {
  public:
   /// Calls what may fail. Where nobody waits for the failure (`keep` is false), it ends here.
   void perform(const std::function<void()>& act, bool keep) noexcept;
+  /// The same for a failure that has been caught.
+  void caught(bool keep) noexcept;
   /// Runs a loop while `goesOn` says so; throws the failure that was kept meanwhile. When the program is to
   /// quit, the loop ends and leaves the request to the loop around it.
   void run(const std::function<bool()>& goesOn);
-  /// Lets the messages happen that wait.
-  void dispatchPending();
   /// Throws the failure that is kept, if there is one.
   void rethrow();
   /// Makes the loops ask again whether they go on.

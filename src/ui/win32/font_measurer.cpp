@@ -6,13 +6,13 @@
 
 namespace vellumark::ui::win32 {
 
-FontMeasurer::FontMeasurer(Resources& resources)
-    : resources_(resources), screen_(CreateCompatibleDC(nullptr)) {}
+FontMeasurer::FontMeasurer(Resources& resources, double zoom)
+    : resources_(resources), zoom_(zoom), screen_(CreateCompatibleDC(nullptr)) {}
 
 FontMeasurer::~FontMeasurer() { DeleteDC(screen_); }
 
 Size FontMeasurer::text(std::string_view text, double scale, bool bold, int wrapWidth) const {
-  SelectObject(screen_, resources_.font(scale, bold));
+  SelectObject(screen_, resources_.font(scale * zoom_, bold));
   const std::wstring wide = toWide(text);
   const auto measure = [&](LONG width, UINT how) {
     RECT area = {0, 0, width, 0};
@@ -31,7 +31,7 @@ Size FontMeasurer::text(std::string_view text, double scale, bool bold, int wrap
 
 /// The average over the alphabet, as the system counts its dialog units.
 Size FontMeasurer::character() const {
-  SelectObject(screen_, resources_.font(1, false));
+  SelectObject(screen_, resources_.font(zoom_, false));
   constexpr wchar_t letters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
   constexpr int count = 52;
   SIZE size = {};

@@ -5,10 +5,10 @@
 
 namespace vellumark::ui::win32 {
 
-/// Sizes of texts in the system's message font.
+/// Sizes of texts in the system's message font, as large as on a screen of that zoom.
 class FontMeasurer : public TextMeasurer {
  public:
-  explicit FontMeasurer(Resources& resources);
+  FontMeasurer(Resources& resources, double zoom);
   ~FontMeasurer() override;
   FontMeasurer(const FontMeasurer&) = delete;
   FontMeasurer& operator=(const FontMeasurer&) = delete;
@@ -19,6 +19,7 @@ class FontMeasurer : public TextMeasurer {
 
  private:
   Resources& resources_;
+  double zoom_;
   HDC screen_;
 };
 

@@ -38,7 +38,12 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT code, WPARAM wParam, LP
     return 0;
   }
   form->busy(1);
-  auto answer = form->received({window, code, wParam, lParam});
+  std::optional<LRESULT> answer;
+  try {
+    answer = form->received({window, code, wParam, lParam});
+  } catch (...) {
+    form->caught();
+  }
   if (!answer) answer = DefWindowProcW(window, code, wParam, lParam);
   form->busy(-1);
   return *answer;
@@ -90,6 +95,9 @@ std::optional<LRESULT> FormWindow::receivedLive(const Message& message) {
       return 0;
     case WM_SIZE:
       if (message.wParam != SIZE_MINIMIZED) arrangeIn(inner());
+      return 0;
+    case dpiChangedMessage:
+      dpiChanged(HIWORD(message.wParam), *reinterpret_cast<const RECT*>(message.lParam));
       return 0;
     case WM_GETMINMAXINFO: {
       const SIZE least = outer(natural_);

@@ -50,6 +50,7 @@ void FormWindow::create(HWND owner) {
                             L"", WS_POPUP | WS_CLIPCHILDREN | frame, 0, 0, 0, 0, owner, nullptr,
                             resources_.instance(), nullptr);
   SetWindowLongPtrW(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  zoom_ = zoomOf(handle_);
 }
 
 void FormWindow::makePeers() {
@@ -205,7 +206,12 @@ Rect FormWindow::frame() const {
   return {own.left, own.top, own.right - own.left, own.bottom - own.top};
 }
 
-void FormWindow::repaint() { RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN); }
+/// No message is taken from the queue: what the host and its user want waits until the work is done.
+void FormWindow::repaint() {
+  if (!live_) return;
+  if (arranging_) arrangeAnew();
+  RedrawWindow(handle_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
 
 void FormWindow::restoreFocus() {
   if (live_) focusChanged(form_->focused());
@@ -264,10 +270,22 @@ SIZE FormWindow::inner() const {
   return {area.right, area.bottom};
 }
 
+/// The window came to a screen of another resolution, where the system proposes that place for it.
+void FormWindow::dpiChanged(UINT dpi, const RECT& proposed) {
+  const SIZE before = inner();
+  const bool natural = before.cx == natural_.cx && before.cy == natural_.cy;
+  zoom_ = zoomOf(dpi);
+  for (const auto& peer : peers_) peer->refresh();
+  SetWindowPos(handle_, nullptr, proposed.left, proposed.top, proposed.right - proposed.left,
+               proposed.bottom - proposed.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  if (natural) natural_ = inner();
+  arrangeAnew();
+}
+
 /// A window of its natural size keeps to that; one that the user made larger stays so.
 void FormWindow::arrangeAnew() {
   arranging_ = false;
-  const Size needed = arrange(form_->layout(), FontMeasurer(resources_)).size;
+  const Size needed = arrange(form_->layout(), FontMeasurer(resources_, zoom_)).size;
   const SIZE before = inner();
   const bool natural = !IsWindowVisible(handle_) || (before.cx == natural_.cx && before.cy == natural_.cy);
   natural_ = {needed.width, needed.height};
@@ -279,7 +297,8 @@ void FormWindow::arrangeAnew() {
 }
 
 void FormWindow::arrangeIn(SIZE size) {
-  const Arrangement arrangement = arrange(form_->layout(), FontMeasurer(resources_), {size.cx, size.cy});
+  const Arrangement arrangement =
+      arrange(form_->layout(), FontMeasurer(resources_, zoom_), {size.cx, size.cy});
   for (const auto& peer : peers_) {
     if (!peer->handle()) continue;
     // A control that no layout names is not seen.

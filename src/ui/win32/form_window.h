@@ -63,10 +63,12 @@ class FormWindow : private FormView, private PeerWindow {
 
   HWND handle() const override { return handle_; }
   Resources& resources() override { return resources_; }
+  double zoom() const override { return zoom_; }
   bool live() const override { return live_; }
   void busy(int change) override;
   void perform(const std::function<void()>& act) override;
   bool previewKey(const Message& message) override;
+  void caught() noexcept override { loops_.caught(keepsFailures_); }
   bool formKey(const Message& message) override;
   void restoreFocus() override;
   void restoreFocusLater() override;
@@ -86,6 +88,7 @@ class FormWindow : private FormView, private PeerWindow {
   void arrangeLater();
   void arrangeAnew();
   void arrangeIn(SIZE size);
+  void dpiChanged(UINT dpi, const RECT& proposed);
   SIZE outer(SIZE inner) const;
   SIZE inner() const;
   void end();
@@ -99,6 +102,7 @@ class FormWindow : private FormView, private PeerWindow {
   std::unique_ptr<Modality> modality_;
   std::function<void(FormWindow&)> gone_;
   SIZE natural_ = {};
+  double zoom_ = 1;
   int busy_ = 0;
   bool live_ = true;
   bool arranging_ = false;

@@ -25,7 +25,7 @@ class LabelPeer : public Peer {
 
  private:
   bool clicksByItself() const override { return true; }
-  HFONT font() override { return window().resources().fontOf(label_, label_.link()); }
+  HFONT font() override { return window().resources().fontOf(label_, window().zoom(), label_.link()); }
 
   void show() override {
     changeStyle(SS_TYPEMASK, label_.wrapAt() > 0 ? SS_LEFT : SS_LEFTNOWORDWRAP);

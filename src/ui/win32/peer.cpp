@@ -53,14 +53,19 @@ LRESULT CALLBACK Peer::procedure(HWND window, UINT code, WPARAM wParam, LPARAM l
   PeerWindow& form = peer.window_;
   form.busy(1);
   std::optional<LRESULT> answer;
-  if (form.live()) answer = form.previewKey(message) ? 0 : peer.received(message);
-  if (!answer) {
-    {
-      bool other = false;
-      const Raised arriving(code == WM_SETFOCUS ? peer.focusArrives_ : other);
-      answer = DefSubclassProc(window, code, wParam, lParam);
+  try {
+    if (form.live()) answer = form.previewKey(message) ? 0 : peer.received(message);
+    if (!answer) {
+      {
+        bool other = false;
+        const Raised arriving(code == WM_SETFOCUS ? peer.focusArrives_ : other);
+        answer = DefSubclassProc(window, code, wParam, lParam);
+      }
+      if (form.live()) peer.passed(message);
     }
-    if (form.live()) peer.passed(message);
+  } catch (...) {
+    form.caught();
+    if (!answer) answer = 0;
   }
   form.busy(-1);
   return *answer;

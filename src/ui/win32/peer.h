@@ -29,12 +29,16 @@ class PeerWindow {
  public:
   virtual HWND handle() const = 0;
   virtual Resources& resources() = 0;
+  /// How much larger than in the system's own resolution things are on the window's screen.
+  virtual double zoom() const = 0;
   /// Whether the window still shows its form; the form's controls may be gone where it doesn't.
   virtual bool live() const = 0;
   /// Counts the messages that are being handled, during which the window can't be deleted.
   virtual void busy(int change) = 0;
   /// Performs what the user did to the form. Keeps failures from the system.
   virtual void perform(const std::function<void()>& act) = 0;
+  /// Keeps a failure that has been caught from the system, as perform() does.
+  virtual void caught() noexcept = 0;
   /// Shows the form a key on its way to the control that has the focus; true where the message is done with.
   virtual bool previewKey(const Message& message) = 0;
   /// Tab, Enter, Escape and access keys; true where the message is done with.
@@ -87,7 +91,7 @@ class Peer {
 
   /// Shows the control's own values.
   virtual void show() {}
-  virtual HFONT font() { return window_.resources().fontOf(control_); }
+  virtual HFONT font() { return window_.resources().fontOf(control_, window_.zoom()); }
   /// Whether clicks come from here; other windows tell of their clicks themselves.
   virtual bool clicksByItself() const { return false; }
   /// Whether the window needs a key (VK_RETURN, VK_ESCAPE) that is else the form's.

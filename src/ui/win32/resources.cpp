@@ -50,14 +50,21 @@ double scaleOfScreen() {
 
 }  // namespace
 
+DrawingEngine::DrawingEngine() {
+  const Gdiplus::GdiplusStartupInput version1;
+  Gdiplus::GdiplusStartup(&token_, &version1, nullptr);
+}
+
+DrawingEngine::~DrawingEngine() {
+  if (token_ != 0) Gdiplus::GdiplusShutdown(token_);
+}
+
 Resources::Resources()
     : instance_(ownModule()), visualStyles_(contextOf(instance_)), canvasScale_(scaleOfScreen()) {}
 
 Resources::~Resources() {
   for (const auto& [key, font] : fonts_) DeleteObject(font);
   for (const auto& [key, brush] : brushes_) DeleteObject(brush);
-  pictures_.clear();
-  if (drawing_ != 0) Gdiplus::GdiplusShutdown(drawing_);
   if (visualStyles_ != INVALID_HANDLE_VALUE) ReleaseActCtx(visualStyles_);
 }
 
@@ -74,8 +81,8 @@ HFONT Resources::font(double scale, bool bold, bool underlined) {
   return font;
 }
 
-HFONT Resources::fontOf(const Control& control, bool underlined) {
-  return font(control.fontScale(), control.bold(), underlined);
+HFONT Resources::fontOf(const Control& control, double zoom, bool underlined) {
+  return font(control.fontScale() * zoom, control.bold(), underlined);
 }
 
 HBRUSH Resources::brush(Color color) {
@@ -85,9 +92,22 @@ HBRUSH Resources::brush(Color color) {
 }
 
 void Resources::startDrawing() {
-  if (drawing_ != 0) return;
-  const Gdiplus::GdiplusStartupInput input;
-  Gdiplus::GdiplusStartup(&drawing_, &input, nullptr);
+  if (!drawing_) drawing_.emplace();
+}
+
+double zoomOf(UINT dpi) {
+  const HDC screen = GetDC(nullptr);
+  const int own = GetDeviceCaps(screen, LOGPIXELSX);
+  ReleaseDC(nullptr, screen);
+  return own > 0 ? static_cast<double>(dpi) / own : 1;
+}
+
+/// Windows before 10 have one resolution for all screens.
+double zoomOf(HWND window) {
+  using GetDpiForWindow = UINT(WINAPI*)(HWND);
+  static const auto ask = reinterpret_cast<GetDpiForWindow>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow")));
+  return ask != nullptr ? zoomOf(ask(window)) : 1;
 }
 
 Gdiplus::Bitmap* Resources::picture(const std::string& path) {

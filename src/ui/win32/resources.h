@@ -3,6 +3,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <tuple>
 
@@ -14,6 +15,18 @@ namespace vellumark::ui {
 class Control;
 
 namespace win32 {
+
+/// Keeps GDI+ running. It starts with the first of these and ends with the last.
+class DrawingEngine {
+ public:
+  DrawingEngine();
+  ~DrawingEngine();
+  DrawingEngine(const DrawingEngine&) = delete;
+  DrawingEngine& operator=(const DrawingEngine&) = delete;
+
+ private:
+  ULONG_PTR token_ = 0;
+};
 
 /// Fonts, brushes, the drawing engine and the visual styles. All of it goes back to the system at the end, so
 /// that the module can be unloaded and loaded again within one process.
@@ -28,7 +41,7 @@ class Resources {
   HINSTANCE instance() const { return instance_; }
   /// The system's message font at a size relative to it.
   HFONT font(double scale, bool bold, bool underlined = false);
-  HFONT fontOf(const Control& control, bool underlined = false);
+  HFONT fontOf(const Control& control, double zoom, bool underlined = false);
   HBRUSH brush(Color color);
   /// The screen's pixels for one of a canvas, which counts 96 to the inch.
   double canvasScale() const { return canvasScale_; }
@@ -44,11 +57,16 @@ class Resources {
   HINSTANCE instance_ = nullptr;
   HANDLE visualStyles_ = INVALID_HANDLE_VALUE;
   double canvasScale_;
-  ULONG_PTR drawing_ = 0;
+  std::optional<DrawingEngine> drawing_;
   std::map<std::wstring, std::unique_ptr<Gdiplus::Bitmap>> pictures_;
   std::map<std::tuple<double, bool, bool>, HFONT> fonts_;
   std::map<Color, HBRUSH> brushes_;
 };
+
+/// How much larger than in the system's own resolution, for which its fonts are, things are at that many dots
+/// per inch, or in a window on its screen.
+double zoomOf(UINT dpi);
+double zoomOf(HWND window);
 
 /// While it lives, new windows have visual styles.
 class VisualStyles {

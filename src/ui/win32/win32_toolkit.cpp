@@ -104,6 +104,4 @@ int Win32Toolkit::textWidth(const std::string& text) {
   return FontMeasurer(resources_).text(text, 1, false, 0).width;
 }
 
-void Win32Toolkit::processEvents() { loops_.dispatchPending(); }
-
 }  // namespace vellumark::ui::win32

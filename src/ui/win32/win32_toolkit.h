@@ -36,7 +36,6 @@ class Win32Toolkit : public Toolkit {
   Screen* wholeScreen() override { return &screen_; }
   /// Never needed: the screen can be seen.
   DesktopColor askDesktopColor(const std::function<bool()>&) override { return {}; }
-  void processEvents() override;
 
  private:
   Resources resources_;

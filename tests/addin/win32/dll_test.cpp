@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <utility>
+
 #include "addin/win32/loaded_dll.h"
 #include "deck/embedded_host.h"
 #include "decks/deck_builder.h"
@@ -160,6 +163,80 @@ TEST_F(Dll, EventsAfterTheDisconnectionDoNothing) {
   }
   selectBoth(*host);
   EXPECT_TRUE(dll.canUnload());
+}
+
+/// What somebody does while the add-in waits for its user: once, when a window of that class is there.
+class WhileItWaits {
+ public:
+  WhileItWaits(const wchar_t* windowClass, std::function<void()> act)
+      : windowClass_(windowClass), act_(std::move(act)) {
+    current() = this;
+    timer_ = SetTimer(nullptr, 0, 5, [](HWND, UINT, UINT_PTR, DWORD) { current()->look(); });
+  }
+  ~WhileItWaits() { KillTimer(nullptr, timer_); }
+  bool done() const { return act_ == nullptr; }
+
+ private:
+  static WhileItWaits*& current() {
+    static WhileItWaits* one = nullptr;
+    return one;
+  }
+  void look() {
+    if (FindWindowW(windowClass_, nullptr) == nullptr) return;
+    if (const auto act = std::exchange(act_, nullptr)) act();
+  }
+
+  const wchar_t* windowClass_;
+  std::function<void()> act_;
+  UINT_PTR timer_ = 0;
+};
+
+TEST_F(Dll, ADisconnectionUnderAnOpenDialogWaitsForIt) {
+  struct Case {
+    const char* what;
+    const wchar_t* window;
+    std::vector<std::string> dialogs, answers;
+    std::function<void(deck::EmbeddedHost&, HostedAddIn&)> call;
+  };
+  const auto press = [](const char* id) {
+    return [id](deck::EmbeddedHost& host, HostedAddIn& addIn) {
+      selectBoth(host);
+      Value answer;
+      EXPECT_EQ(addIn.callBack("onAction", {control(id)}, answer), S_OK) << addIn.failure();
+    };
+  };
+  const Case cases[] = {
+      {"a form", L"VellumarkForm", {"SwitchObjectsInput: obAnchor(0)=1; btnOK"}, {}, press("zp_1082")},
+      {"a box of an event", L"#32770", {}, {"OK", "No"}, [&](deck::EmbeddedHost& host, HostedAddIn&) {
+         const host::Presentation presentation = host.application().ActivePresentation();
+         presentation.Tags().Add("zorp_slideOrder", "999;");
+         presentation.SaveAs(folder_.path("saved.pptx"));
+       }}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    questions_.reset();
+    LoadedDll dll;
+    const auto host = Dll::host(deck_);
+    auto addIn = std::make_unique<HostedAddIn>(dll);
+    ASSERT_EQ(addIn->connect(host->application().object()), S_OK);
+    HRESULT left = E_FAIL;
+    bool canUnload = true;
+    const WhileItWaits meanwhile(c.window, [&] {
+      left = addIn->disconnect();
+      canUnload = dll.canUnload();
+    });
+    questions_ = app::windowQuestions(c.dialogs, c.answers);  // whose turn comes after
+    questions_->begin();
+    c.call(*host, *addIn);
+    EXPECT_TRUE(meanwhile.done());
+    EXPECT_EQ(left, S_OK);
+    EXPECT_FALSE(canUnload) << "its code still runs";
+    EXPECT_NO_THROW(questions_->requireWhole(c.what));
+    Value answer;
+    EXPECT_EQ(addIn->callBack("getEnabled", {control("zp_1036")}, answer), E_POINTER) << "it has gone";
+    addIn.reset();
+    EXPECT_TRUE(dll.canUnload());
+  }
 }
 
 TEST_F(Dll, ASecondConnectionSharesTheAddIn) {

@@ -120,7 +120,7 @@ TEST_F(Sheets, AMotionJoinsTheMainSequence) {
   EXPECT_EQ(sequence.Count(), 0);
   for (const char* name : {"A", "B", "A"}) {
     const host::AnimationBehaviors behaviors =
-        sequence.AddEffect(shape(name), host::msoAnimEffectPathRight).Behaviors();
+        sequence.AddEffect(shape(name), host::msoAnimEffectPathLeft).Behaviors();
     ASSERT_EQ(behaviors.Count(), 1);
     const host::AnimationBehavior motion = behaviors.Add(host::msoAnimTypeMotion);
     motion.MotionEffect().Path("M 0 0 L 0.5 -0.25");

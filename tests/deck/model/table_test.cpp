@@ -38,8 +38,8 @@ TEST_F(TableTest, CellsAreShapesWithText) {
   EXPECT_EQ(shape("T").Table().Cell(1, 1).Shape().TextFrame().MarginLeft(), 7.2F);
 
   EXPECT_FALSE(shape("T").Table().Cell(1, 2).Selected());
-  shape("T").Table().Cell(1, 2).Select();
-  shape("T").Table().Cell(2, 2).Select(false);
+  const host::Cell cells[] = {shape("T").Table().Cell(1, 2), shape("T").Table().Cell(2, 2)};
+  host->selectCells(cells);
   EXPECT_TRUE(shape("T").Table().Cell(1, 2).Selected());
   EXPECT_TRUE(shape("T").Table().Cell(2, 2).Selected());
   EXPECT_FALSE(shape("T").Table().Cell(1, 1).Selected());

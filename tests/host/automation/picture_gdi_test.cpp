@@ -10,9 +10,11 @@
 #include <gdiplus.h>
 // clang-format on
 
+#include <algorithm>
 #include <filesystem>
 #include <thread>
 
+#include "host/automation/variant.h"
 #include "host/picture.h"
 #include "platform/clipboard_drawing.h"
 
@@ -85,6 +87,46 @@ TEST_F(PictureGdiTest, StepsThatFailAreTold) {
   EXPECT_EQ(render(), 3);
   EXPECT_GE(GetTickCount() - before, 450U) << "ten attempts";
   holder.join();
+}
+
+/// Wine tells nothing, but takes a handle's place in the table for the handle.
+std::size_t gdiObjects() {
+  if (const DWORD told = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS)) return told;
+  std::size_t count = 0;
+  for (ULONG_PTR place = 1; place <= 0xFFFF; ++place) {
+    if (GetObjectType(reinterpret_cast<HGDIOBJ>(place)) != 0) ++count;
+  }
+  return count;
+}
+
+TEST_F(PictureGdiTest, ManyPicturesLeaveNothingBehind) {
+  const auto make = [&] {
+    platform::offerDrawing(halves);
+    ASSERT_EQ(render(), 0);
+  };
+  make();  // what is made once stays
+  const std::size_t before = gdiObjects();
+  EXPECT_GT(before, 0U);
+  for (int i = 0; i < 50; ++i) make();
+  EXPECT_EQ(gdiObjects(), before);
+}
+
+/// A host with a ribbon takes the fourth byte of each point for its cover.
+TEST_F(PictureGdiTest, ADrawnPictureCoversEverywhere) {
+  ui::Canvas canvas(16, 16);
+  canvas.rectangle(0, 0, 16, 16, 0x00FFFFFF);
+  canvas.text(2, 2, "DE", 8, 0x00000000, true);
+  const ObjectRef picture = pictureOf(canvas);
+  ASSERT_TRUE(picture);
+  OLE_HANDLE handle = 0;
+  automation::ComPtr<IPicture> shown;
+  ASSERT_TRUE(SUCCEEDED(automation::wrap(picture).As(&shown)));
+  ASSERT_TRUE(SUCCEEDED(shown->get_Handle(&handle)));
+  DIBSECTION section = {};
+  ASSERT_EQ(GetObjectW(reinterpret_cast<HGDIOBJ>(static_cast<ULONG_PTR>(handle)), sizeof section, &section),
+            static_cast<int>(sizeof section));
+  const auto* points = static_cast<const std::uint32_t*>(section.dsBm.bmBits);
+  EXPECT_TRUE(std::all_of(points, points + 256, [](std::uint32_t point) { return point >> 24 == 0xFF; }));
 }
 
 }  // namespace
