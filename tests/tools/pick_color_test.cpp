@@ -28,6 +28,7 @@ struct Placed : ui::FormView {
   void captionChanged() override {}
   void focusChanged(ui::Control*) override {}
   void visibilityChanged(bool) override {}
+  void repaint() override {}
   void perform(const std::function<void()>& act) override { act(); }
   Rect frame() const override { return area; }
   Rect area;
