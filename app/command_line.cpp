@@ -47,7 +47,7 @@ Examples:
 
 const char* const commandsHelp = R"(Examples:
   vellumark commands | grep -i align
-  vellumark commands --json | jq '.[] | select(.inThisBuild) | .name')";
+  vellumark commands --json | jq '.[] | select(.counter == "statsTrimlineTools") | .name')";
 
 const char* const runHelp =
     R"(COMMAND is a method name (alignLefts), a ribbon number (1032, zp_1032) or a toolbar parameter

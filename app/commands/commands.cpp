@@ -25,10 +25,9 @@ std::string numbers(const Command& command) {
 }
 
 std::string listText() {
-  Table table({{"number"}, {"name"}, {"here"}, {"label"}, {"enabled when"}});
+  Table table({{"number"}, {"name"}, {"label"}, {"enabled when"}});
   for (const Command& command : commands::commandTable()) {
-    table.row({numbers(command), command.method, command.inThisBuild() ? "yes" : "not yet", command.label,
-               enabledWhen(command)});
+    table.row({numbers(command), command.method, command.label, enabledWhen(command)});
   }
   return table.text();
 }
@@ -45,8 +44,7 @@ std::string listJson() {
                     {"label", command.label},
                     {"enabledWhen", enabledWhen(command)},
                     {"counter", command.counter ? nlohmann::ordered_json(command.counter) : nullptr},
-                    {"toggle", command.toggle},
-                    {"inThisBuild", command.inThisBuild()}});
+                    {"toggle", command.toggle}});
   }
   return jsonText(list);
 }

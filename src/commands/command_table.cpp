@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "base/text.h"
-#include "core/message.h"
 #include "library/my_elements.h"
 #include "services/settings.h"
 #include "services/splash.h"
@@ -157,8 +156,6 @@ std::string Rule::text() const {
   return parts.empty() ? "always" : base::join(parts, ", ");
 }
 
-bool Command::inThisBuild() const { return routine || TrimlineTools::hasMethod(method); }
-
 std::span<const Command> commandTable() { return table; }
 
 const Command* findCommand(std::int16_t id) {
@@ -207,11 +204,6 @@ void runMethod(const std::string& method, const std::optional<std::string>& argu
   if (command && command->routine) {
     if (argument) base::raise(base::errors::wrongArgumentCount);
     command->routine();
-    return;
-  }
-  if (command && !command->inThisBuild()) {
-    const std::string name = *command->label ? command->label : command->method;
-    core::message("\"" + name + "\" is not in this build yet.", ui::Icon::information);
     return;
   }
   if (!core::globals().tools) base::raise(base::errors::objectNotSet);

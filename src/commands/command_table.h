@@ -49,9 +49,6 @@ struct Command {
   Rule secondRule;              ///< of secondId
   bool toggle = false;          ///< a toggle button of the ribbon, which sets the host's property itself
   void (*routine)() = nullptr;  ///< what does it, where that is no method of the Trimline Tools
-
-  /// Whether its work is part of this program yet.
-  bool inThisBuild() const;
 };
 
 std::span<const Command> commandTable();
@@ -74,8 +71,7 @@ struct ToolbarCall {
   bool counted = true;
 };
 
-/// Runs a command of that name in any case; 438 where there is none. One that is not in this build says so in
-/// one line and changes nothing.
+/// Runs a command of that name in any case; 438 where there is none.
 void runMethod(const std::string& method, const std::optional<std::string>& argument = {});
 
 }  // namespace vellumark::commands

@@ -294,19 +294,21 @@ TEST_F(ConnectTest, LeftOverExtractsAreDeleted) {
     disconnect();
     return core::getRegistry("slideExtracts", "", "default");
   };
-  folder_.write("a.ppt", "");
-  folder_.write("b.ppt", "");
-  EXPECT_EQ(round(root_ + "a.ppt;" + root_ + "missing.ppt;" + root_ + "b.ppt;"), "");
-  EXPECT_FALSE(platform::fileExists(root_ + "a.ppt") || platform::fileExists(root_ + "b.ppt"));
+  // Extracts lie in folders of their own.
+  const std::string sent = root_ + "sent\\";
+  folder_.write("sent/a.ppt", "");
+  folder_.write("sent/b.ppt", "");
+  EXPECT_EQ(round(sent + "a.ppt;" + sent + "missing.ppt;" + sent + "b.ppt;"), "");
+  EXPECT_FALSE(platform::fileExists(sent + "a.ppt") || platform::fileExists(sent + "b.ppt"));
   EXPECT_EQ(round(";"), "");
   EXPECT_EQ(round(""), "");
   EXPECT_EQ(failures_.take(), Texts{});
 
   // A file that can't be deleted leaves the whole list, and the rest of the disconnection goes on.
-  const std::string stuck = "/proc/self/status;" + root_ + "c.ppt;";
-  folder_.write("c.ppt", "");
+  const std::string stuck = "/proc/self/status;" + sent + "c.ppt;";
+  folder_.write("sent/c.ppt", "");
   EXPECT_EQ(round(stuck), stuck);
-  EXPECT_TRUE(platform::fileExists(root_ + "c.ppt"));
+  EXPECT_TRUE(platform::fileExists(sent + "c.ppt"));
   EXPECT_EQ(failures_.take(), Texts{"Connect, killSlideExtracts: 75"});
   EXPECT_FALSE(globals().powerPointApp);
 }

@@ -34,8 +34,9 @@ class PresentationEvents : public test::CommandsStage {
   bool saveIsStopped(const std::vector<std::string>& answers = {}) {
     for (const std::string& answer : answers) messages.toolkit().addAnswer(answer);
     slide(1).Tags().Add("changed", "1");
-    presentation.Save();
-    return presentation.Saved() == host::msoFalse;
+    const bool failed = numberOf([&] { presentation.Save(); }) == base::errors::unspecific;
+    EXPECT_EQ(presentation.Saved() == host::msoFalse, failed);
+    return failed;
   }
   void raise(host::Member event, const host::Value& argument) {
     host::Value arguments[] = {argument};

@@ -103,22 +103,13 @@ TEST_F(Ribbon, TheUndoFixRunsFirst) {
   EXPECT_EQ(host->application().Presentations().Count(), 1);
 }
 
-TEST_F(Ribbon, WhatIsNotInThisBuildSaysSoAndChangesNothing) {
-  select({"A", "M"});
-  int missing = 0;
+TEST_F(Ribbon, EveryRowHasItsWork) {
   for (const Command& command : commandTable()) {
-    if (command.inThisBuild() || command.id == 0) continue;
-    ++missing;
-    presentation.Saved(true);
-    onAction(control(command.id));
-    const Texts told = messages.take();
-    ASSERT_EQ(told.size(), 1U) << command.method;
-    EXPECT_TRUE(told[0].starts_with("Vellumark for presentations [information] ")) << told[0];
-    const std::string name = *command.label ? command.label : command.method;
-    EXPECT_NE(told[0].find("\"" + name + "\""), std::string::npos) << told[0];
-    EXPECT_TRUE(presentation.Saved()) << command.method;
+    EXPECT_TRUE(command.routine || tools::TrimlineTools::hasMethod(command.method)) << command.method;
   }
-  EXPECT_GT(missing, 0);
+}
+
+TEST_F(Ribbon, NoticesAreKnownByTheirNumber) {
   copyright_onAction(control("zp_2500", "2"));
   EXPECT_EQ(messages.take().size(), 1U);
   EXPECT_EQ(numberOf([] { copyright_onAction(control("zp_2500", "second")); }), 13);

@@ -110,9 +110,9 @@ My Elements group
   menu = "<menu";
   open("11.0");
   EXPECT_EQ(tree(controls()), rest);
-  EXPECT_EQ(messages.take(),
-            Texts{critical("The menu configuration file \r\n\r\n" + path("customization\\menu.xml") +
-                           "\r\n\r\n could not be found or is corrupted.")});
+  EXPECT_EQ(messages.take(), Texts{critical("The menu configuration file \r\n\r\n" +
+                                            platform::toSystem(path("customization\\menu.xml")) +
+                                            "\r\n\r\n could not be found or is corrupted.")});
   menu =
       "<menu name='Text'><menuitem file='a' slideNo='1'/></menu><menu name='B' beginGroup='perhaps'/><menu/>";
   open("11.0");

@@ -116,6 +116,7 @@ class X11 : public ::testing::Test {
     qunsetenv("XDG_SESSION_TYPE");
     static QtToolkit toolkit;
     setToolkit(&toolkit);
+    toolkit.textWidth("");  // makes Qt's application
     QApplication::processEvents();
   }
   void TearDown() override { setToolkit(nullptr); }

@@ -38,8 +38,14 @@ xml_node childOf(xml_node parent, std::string_view name) {
 
 std::string untitled(std::size_t position) { return "Slide " + std::to_string(position + 1); }
 
-/// The text of the title on one line, or the slide's number where it has none.
-std::string titleOf(Document& document, const PartRef& slide, std::size_t position) {
+/// Whether programs write such a text for a slide without a title, in whatever language: the name of its
+/// kind, or its number.
+bool standsForNone(const std::string& text, std::size_t position) {
+  return text.starts_with("PowerPoint") || text.ends_with(' ' + std::to_string(position + 1));
+}
+
+/// The text of the title on one line; empty where the slide has none.
+std::string titleOf(Document& document, const PartRef& slide) {
   std::string title;
   if (slide) {
     const Sheet sheet = document.sheet(slide);
@@ -53,7 +59,7 @@ std::string titleOf(Document& document, const PartRef& slide, std::size_t positi
       break;
     }
   }
-  return title.empty() ? untitled(position) : title;
+  return title;
 }
 
 /// The headings of app.xml and the titles below each of them.
@@ -149,7 +155,15 @@ std::vector<std::string> titlesNow(Document& document, const std::vector<Told>& 
     const auto old = static_cast<std::size_t>(std::ranges::find(told, slides[i].id) - told.begin());
     const bool known = before.size() == told.size() && old < told.size() &&
                        !(slides[i].part && slides[i].part->changed()) && before[old] != untitled(old);
-    titles.push_back(known ? before[old] : titleOf(document, slides[i].part, i));
+    if (known) {
+      titles.push_back(before[old]);
+      continue;
+    }
+    std::string title = titleOf(document, slides[i].part);
+    const bool named =
+        before.size() == told.size() && i < told.size() && old == i && standsForNone(before[i], i);
+    if (title.empty()) title = named ? before[i] : untitled(i);
+    titles.push_back(std::move(title));
   }
   return titles;
 }

@@ -85,9 +85,8 @@ void useApplication() {
 
 QtToolkit::QtToolkit() = default;
 
-QtToolkit::~QtToolkit() {
-  for (const auto& window : modeless_) delete window;
-}
+// Windows that are still there stay as the application does.
+QtToolkit::~QtToolkit() = default;
 
 int QtToolkit::ask(QDialog& dialog) {
   qt::placeAboveActive(dialog);

@@ -131,13 +131,10 @@ TEST_F(Windows, ObjectsOutliveWhatTheyStandFor) {
 }
 
 TEST(Hosts, MembersExistWhereTheyExisted) {
-  for (const char* version : {"9.0", "10.0", "11.0"}) {
-    EXPECT_EQ(EmbeddedHost(version).application().CommandBars().Count(), 0) << version;
-  }
-  for (const char* version : {"12.0", "14.0", "15.0", "16.0"}) {
-    EmbeddedHost host(version);
+  for (const char* version : {"9.0", "10.0", "11.0", "12.0", "14.0", "15.0", "16.0"}) {
+    const EmbeddedHost host(version);
     EXPECT_EQ(host.application().Version(), version);
-    EXPECT_EQ(errorNumber([&] { host.application().CommandBars(); }), base::errors::noSuchMember) << version;
+    EXPECT_EQ(host.application().CommandBars().Count(), 0) << version;
   }
   EmbeddedHost host;
   EXPECT_EQ(errorNumber([&] { host::getByName(host.application().object(), "NoSuchMember"); }),
