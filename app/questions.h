@@ -19,8 +19,9 @@ struct Circumstances {
   bool unattended = false;  ///< the program chose among several buttons
 };
 
-/// Answers what comes up while it lives, dialogs by the given scripts. For the command, from begin() on, boxes
-/// get the given answers, and what comes up counts. A question that has no answer gets the one that changes nothing.
+/// Answers what comes up while it lives, dialogs by the given scripts. For the command, from begin() on,
+/// boxes get the given answers, and what comes up counts. A question that has no answer gets the one that
+/// changes nothing.
 class Questions {
  public:
   Questions() = default;

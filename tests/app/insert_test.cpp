@@ -19,8 +19,7 @@ namespace fs = std::filesystem;
 class Insert : public testing::Test {
  protected:
   Insert() {
-    fs::copy(TEST_SOURCE_DIR "/product", root_, fs::copy_options::recursive);
-    fs::remove_all(root_ + "/customization/styles/thumbs");
+    test::copyInstallation(root_);
   }
   std::string makeDeck(double width, double height) {
     DeckBuilder builder;

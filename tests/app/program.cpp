@@ -73,6 +73,22 @@ Outcome runCommand(const std::string& command, const std::string& deck, std::vec
   return runProgram(arguments);
 }
 
+void copyInstallation(const std::filesystem::path& root) {
+  namespace fs = std::filesystem;
+  const fs::path source = TEST_SOURCE_DIR "/product";
+  fs::create_directories(root);
+  for (fs::recursive_directory_iterator each(source), end; each != end; ++each) {
+    const fs::path name = fs::relative(each->path(), source);
+    if (name == "user" || name == "customization/styles/thumbs") {
+      each.disable_recursion_pending();
+    } else if (each->is_directory()) {
+      fs::create_directories(root / name);
+    } else {
+      fs::copy_file(each->path(), root / name);
+    }
+  }
+}
+
 void setCounter(const std::string& name, const std::string& value) {
   setenv("VELLUMARK_SETTINGS", settingsFile().c_str(), 1);
   core::setRegistry(name, value, "");

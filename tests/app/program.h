@@ -1,6 +1,7 @@
 #pragma once
 // Running the built program, with a settings store of the test's own and without a display.
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,9 @@ Outcome runProgram(const std::string& path, const std::vector<std::string>& argu
 /// tree.
 Outcome runCommand(const std::string& command, const std::string& deck, std::vector<std::string> arguments,
                    const std::string& subcommand = "run");
+
+/// Makes an installation like that of the source tree, without what programs have left there.
+void copyInstallation(const std::filesystem::path& root);
 
 /// Sets a usage counter in the settings store of the programs that are run.
 void setCounter(const std::string& name, const std::string& value);

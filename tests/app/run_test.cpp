@@ -287,7 +287,7 @@ TEST_F(Run, NoticesComeFromTheStyleThatIsChosen) {
 
 TEST_F(Run, ElementsAreKeptFromRunToRun) {
   const fs::path root = folder_.root() / "root", library = root / "user/myelements";
-  fs::copy(TEST_SOURCE_DIR "/product", root, fs::copy_options::recursive);
+  test::copyInstallation(root);
   const auto run = [&](const char* command, const char* select, const char* answer, const char* dialog) {
     const Outcome outcome = runProgram(
         {"run", command, deck_, "--root", root, "--select", select, "--answer", answer, "--dialog", dialog});

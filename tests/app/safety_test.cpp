@@ -53,7 +53,7 @@ class Safety : public testing::Test {
 
 TEST_F(Safety, AdditionsAtTheSameTimeAllCome) {
   root_ = folder_.root() / "root";
-  fs::copy(TEST_SOURCE_DIR "/product", root_, fs::copy_options::recursive);
+  test::copyInstallation(root_);
   std::vector<std::string> commands;
   for (int i = 0; i < 5; ++i) {
     commands.push_back("$V run addMyElements deck.pptx $R --select A --dialog 'myElementsAdd: elemName=E" +

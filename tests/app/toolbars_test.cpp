@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <nlohmann/json.hpp>
 
 #include "app/program.h"
@@ -14,13 +13,12 @@ namespace vellumark::test {
 using namespace decks;
 namespace {
 
-namespace fs = std::filesystem;
 using Json = nlohmann::json;
 
 class ToolbarsCommand : public testing::Test {
  protected:
   ToolbarsCommand() {
-    fs::copy(TEST_SOURCE_DIR "/product", root_, fs::copy_options::recursive);
+    test::copyInstallation(root_);
     DeckBuilder builder;
     auto slide = builder.size(960, 540).slide("blank");
     slide.shape("rect", 10, 10, 50, 50).named("A").text("Text");

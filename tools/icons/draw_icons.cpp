@@ -220,7 +220,9 @@ std::vector<IconFile> filesOf(const Icon& icon, bool masked) {
           {icon.name + QStringLiteral("_16.png"), draw(icon, 16)}};
 }
 
-void check(const IconFile& file, const QString& folder) { requireSame(folder + u'/' + file.name, file.image); }
+void check(const IconFile& file, const QString& folder) {
+  requireSame(folder + u'/' + file.name, file.image);
+}
 
 }  // namespace
 
