@@ -18,9 +18,7 @@ namespace fs = std::filesystem;
 
 class Insert : public testing::Test {
  protected:
-  Insert() {
-    test::copyInstallation(root_);
-  }
+  Insert() { test::copyInstallation(root_); }
   std::string makeDeck(double width, double height) {
     DeckBuilder builder;
     builder.size(width, height).slide().shape("rect", 10, 10, 50, 50).named("A");
