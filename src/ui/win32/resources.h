@@ -1,6 +1,8 @@
 #pragma once
 // What the toolkit holds of the system for as long as it lives.
 
+#include <windows.h>
+
 #include <map>
 #include <memory>
 #include <optional>
@@ -8,7 +10,11 @@
 #include <tuple>
 
 #include "ui/color.h"
-#include "ui/win32/system.h"
+
+// GDI+'s own header can't be read behind that of the host's interfaces.
+namespace Gdiplus {
+class Bitmap;
+}
 
 namespace vellumark::ui {
 

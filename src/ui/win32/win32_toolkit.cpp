@@ -101,7 +101,7 @@ void Win32Toolkit::showModeless(Form& form) {
 }
 
 int Win32Toolkit::textWidth(const std::string& text) {
-  return FontMeasurer(resources_).text(text, 1, false, 0).width;
+  return FontMeasurer(resources_, 1).text(text, 1, false, 0).width;
 }
 
 }  // namespace vellumark::ui::win32
