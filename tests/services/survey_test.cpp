@@ -13,6 +13,7 @@
 #include "core/registry.h"
 #include "platform/environment_guard.h"
 #include "platform/loopback_server.h"
+#include "platform/proxy_guard.h"
 #include "support/failures.h"
 #include "support/fake_host.h"
 #include "support/messages.h"
@@ -62,8 +63,7 @@ class SurveyTest : public testing::Test {
   test::TempFolder folder_;
   test::EnvironmentGuard store_{"VELLUMARK_SETTINGS", folder_.path("settings.db")};
   test::EnvironmentGuard now_{"VELLUMARK_NOW", "2026-06-15 10:00:00"};
-  test::EnvironmentGuard proxy_{"http_proxy", "127.0.0.1:1"};
-  test::EnvironmentGuard exceptions_{"no_proxy", ""};
+  test::ProxyGuard proxy_{"127.0.0.1:1"};
   test::Messages messages_;
   test::Failures failures_;
 };

@@ -24,7 +24,7 @@ TempFolder::~TempFolder() {
 std::string TempFolder::path(const std::string& name) const {
   const fs::path path = root_ / name;
   fs::create_directories(path.parent_path());
-  return path.string();
+  return path.make_preferred().string();
 }
 
 std::string TempFolder::write(const std::string& name, const std::string& bytes) const {

@@ -92,8 +92,11 @@ TEST_F(SlideTools, SelectedSlidesBecomeAPresentation) {
 
   presentation.SaveAs(folder.path("mine.pptx"));
   const std::string mine = test::readFile(folder.path("mine.pptx"));
-  std::filesystem::create_symlink(folder.path("mine.pptx"), folder.path("link.pptx"));
-  for (const char* own : {"mine.pptx", "link.pptx"}) {
+  std::vector<const char*> names = {"mine.pptx"};
+  std::error_code noLinks;
+  std::filesystem::create_symlink(folder.path("mine.pptx"), folder.path("link.pptx"), noLinks);
+  if (!noLinks) names.push_back("link.pptx");
+  for (const char* own : names) {
     chosen_ = folder.path(own);
     tools.saveSelectedSlides();
     EXPECT_EQ(told(), Texts{product + "[critical] The selected slides can't be saved as '" + *chosen_ +
