@@ -22,7 +22,7 @@ TempFolder::~TempFolder() {
 }
 
 std::string TempFolder::path(const std::string& name) const {
-  const fs::path path = root_ / name;
+  fs::path path = root_ / name;
   fs::create_directories(path.parent_path());
   return path.make_preferred().string();
 }
