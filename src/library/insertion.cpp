@@ -16,9 +16,18 @@ namespace {
 
 using core::globals;
 
-void carry(const host::Slide& slide) {
-  slide.Shapes().Range().Copy();
-  globals().powerPointApp.ActiveWindow().View().Paste();
+using FindSlide = std::function<host::Slide(const host::Slides&)>;
+
+/// Nothing else would ever close a source that has not got what is asked for, and none could write it
+/// meanwhile.
+void carry(const host::Presentation& source, const FindSlide& find) {
+  try {
+    find(source.Slides()).Shapes().Range().Copy();
+    globals().powerPointApp.ActiveWindow().View().Paste();
+  } catch (const base::Error&) {
+    core::resumeNext([&] { closeUnsaved(source); });
+    throw;
+  }
 }
 
 const std::string& field(const std::vector<std::string>& fields, std::size_t place) {
@@ -30,7 +39,7 @@ const std::string& field(const std::vector<std::string>& fields, std::size_t pla
 
 void insertSlide(const std::string& path, const std::function<host::Slide(const host::Slides&)>& find) {
   const host::Presentation source = openHidden(path);
-  carry(find(source.Slides()));
+  carry(source, find);
   closeUnsaved(source);
 }
 
@@ -44,12 +53,15 @@ void conjure(const host::CommandBarButton& button, const std::string& styleFolde
         if (isMyElements) {
           path = globals().myElementsFolder + "myelements.ppt";
           source = openHidden(path);
-          carry(source.Slides().FindBySlideID(base::toInt32(button.Parameter())));
+          carry(source, [&](const host::Slides& slides) {
+            return slides.FindBySlideID(base::toInt32(button.Parameter()));
+          });
         } else {
           const std::vector<std::string> fields = base::split(button.Parameter(), ',');
           path = core::toolbarTemplatePath(styleFolder, field(fields, 0));
           source = openHidden(path);
-          carry(source.Slides().Item(base::toInt32(field(fields, 1))));
+          carry(source,
+                [&](const host::Slides& slides) { return slides.Item(base::toInt32(field(fields, 1))); });
         }
         source.Close();
       },
