@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <xcb/xcb.h>
@@ -32,7 +33,11 @@ class Server {
     pid_ = fork();
     if (pid_ == 0) {
       dup2(ends[1], 3);
-      if (std::freopen("/dev/null", "w", stderr) == nullptr) _exit(1);
+      // It goes with the test, also where that breaks off, and keeps none of its files open.
+      prctl(PR_SET_PDEATHSIG, SIGTERM);
+      for (std::FILE* stream : {stdout, stderr}) {
+        if (std::freopen("/dev/null", "w", stream) == nullptr) _exit(1);
+      }
       execlp("Xvfb", "Xvfb", "-displayfd", "3", "-screen", "0", "640x480x24", nullptr);
       _exit(1);
     }
