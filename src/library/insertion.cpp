@@ -16,18 +16,9 @@ namespace {
 
 using core::globals;
 
-using FindSlide = std::function<host::Slide(const host::Slides&)>;
-
-/// Nothing else would ever close a source that has not got what is asked for, and none could write it
-/// meanwhile.
-void carry(const host::Presentation& source, const FindSlide& find) {
-  try {
-    find(source.Slides()).Shapes().Range().Copy();
-    globals().powerPointApp.ActiveWindow().View().Paste();
-  } catch (const base::Error&) {
-    core::resumeNext([&] { closeUnsaved(source); });
-    throw;
-  }
+void carry(const host::Slide& slide) {
+  slide.Shapes().Range().Copy();
+  globals().powerPointApp.ActiveWindow().View().Paste();
 }
 
 const std::string& field(const std::vector<std::string>& fields, std::size_t place) {
@@ -39,7 +30,7 @@ const std::string& field(const std::vector<std::string>& fields, std::size_t pla
 
 void insertSlide(const std::string& path, const std::function<host::Slide(const host::Slides&)>& find) {
   const host::Presentation source = openHidden(path);
-  carry(source, find);
+  carry(find(source.Slides()));
   closeUnsaved(source);
 }
 
@@ -53,15 +44,12 @@ void conjure(const host::CommandBarButton& button, const std::string& styleFolde
         if (isMyElements) {
           path = globals().myElementsFolder + "myelements.ppt";
           source = openHidden(path);
-          carry(source, [&](const host::Slides& slides) {
-            return slides.FindBySlideID(base::toInt32(button.Parameter()));
-          });
+          carry(source.Slides().FindBySlideID(base::toInt32(button.Parameter())));
         } else {
           const std::vector<std::string> fields = base::split(button.Parameter(), ',');
           path = core::toolbarTemplatePath(styleFolder, field(fields, 0));
           source = openHidden(path);
-          carry(source,
-                [&](const host::Slides& slides) { return slides.Item(base::toInt32(field(fields, 1))); });
+          carry(source.Slides().Item(base::toInt32(field(fields, 1))));
         }
         source.Close();
       },
