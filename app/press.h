@@ -21,7 +21,7 @@ struct CommandCall {
 /// ("setLanguage 1031", "!about"). A Failure of usage where there is none.
 CommandCall findCommand(const std::string& name);
 
-/// Presses the button of a command. A Failure where the command is not in this build, the host has no button
+/// Presses the button of a command. A Failure where the host has no button
 /// for it or the button is disabled, and where the command fails on the way. What it tells the user goes to
 /// Questions.
 void press(Session& session, const CommandCall& call);
